@@ -1,0 +1,32 @@
+// The main loop in real time, on GLib's default main context.
+#pragma once
+
+#include "platform/foundation/RunLoop.h"
+
+#include <memory>
+
+namespace foundation {
+
+class GlibRunLoop final : public RunLoop {
+public:
+    GlibRunLoop();
+    ~GlibRunLoop() override;
+
+    double now() const override;
+    Handle scheduleTimer(double interval, bool repeats, std::function<void()> fire) override;
+    void performOnMain(std::function<void()> block) override;
+    void performInBackground(std::function<void()> work) override;
+    Handle addDisplayLink(std::function<void(double)> tick) override;
+
+    /// Runs until stop() is called.
+    void run();
+    void stop();
+    /// Ends the turn that an outside source of events (a window's input, say) has just filled.
+    void endTurn() { runTurnHooks(); }
+
+private:
+    struct State;
+    std::shared_ptr<State> state_;
+};
+
+} // namespace foundation
