@@ -1,0 +1,68 @@
+// View animations: a block of changes that the screen follows over a while.
+//
+// Model values change at once. A property that is set again, plainly or by a newer animation, leaves the older
+// animation at the value shown at that moment; that older animation's completion then gets finished = false.
+// Every completion runs exactly once, on the main loop, at the exact end of the last of its changes (in the
+// next turn when nothing changed or the duration is 0). Main thread only.
+#pragma once
+
+#include "platform/foundation/Handle.h"
+#include "platform/toolkit/animation/AnimatableValue.h"
+#include "platform/toolkit/layers/LayerProperty.h"
+
+#include <functional>
+#include <memory>
+
+namespace toolkit {
+
+class Layer;
+
+using AnimationCompletion = std::function<void(bool finished)>;
+
+/// One call of animate(): shared by the changes made in its block.
+class AnimationGroup {
+public:
+    AnimationGroup(double duration, double delay, AnimationCurve curve, AnimationCompletion completion);
+
+private:
+    friend class AnimationEngine;
+    double duration_;
+    double delay_;
+    AnimationCurve curve_;
+    AnimationCompletion completion_;
+    int running_ = 0;
+    bool interrupted_ = false;
+};
+
+class AnimationEngine {
+public:
+    static AnimationEngine& shared();
+
+    void animate(double duration, double delay, AnimationCurve curve, const std::function<void()>& changes,
+                 AnimationCompletion completion);
+    /// Runs `changes` without animating them, also inside an animation block.
+    void withoutAnimation(const std::function<void()>& changes);
+
+    /// Layer::willSet's work: records a change inside a block, or ends the property's animations.
+    void layerWillSet(Layer& layer, LayerProperty property, const AnimatableValue& newValue);
+    void layerWillDisappear(Layer& layer);
+    /// Adds one keyed animation, replacing the one of the same key.
+    void addKeyed(Layer& layer, const std::string& key, LayerProperty property, const AnimatableValue& from,
+                  const AnimatableValue& to, double duration, AnimationCurve curve, double repeatCount);
+    void removeKeyed(Layer& layer, const std::string& key);
+
+    /// True while anything on screen moves by itself, so that frames are due.
+    bool isAnimating() const;
+    bool insideBlock() const;
+
+private:
+    AnimationEngine();
+    struct State;
+    std::shared_ptr<State> state_;
+};
+
+/// Layer changes grouped together, with one completion when the animations added within have ended.
+void performTransaction(bool disableActions, const std::function<void()>& changes,
+                        std::function<void()> completion = {});
+
+} // namespace toolkit
