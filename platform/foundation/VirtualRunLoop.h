@@ -22,7 +22,9 @@ public:
     void performInBackground(std::function<void()> work) override;
     Handle addDisplayLink(std::function<void(double)> tick) override;
 
-    /// Moves the clock `seconds` on and runs everything that falls due on the way, each at its own moment.
+    /// Ends the present turn, then moves the clock exactly `seconds` on and runs everything that falls due on
+    /// the way, each at its own moment: timers, links, then turns (blocks and turn hooks) until no block
+    /// waits. Moments less than a nanosecond apart count as one.
     void advance(double seconds);
     /// Runs one turn without moving the clock: blocks that wait, then the turn hooks.
     void turn();
@@ -45,8 +47,13 @@ private:
         std::uint64_t nextFrame = 0;
         std::function<void(double)> tick;
     };
-    bool runBlocks();
+    void advanceTo(double target);
+    /// Runs turns at the present moment until no block waits, with a limit for blocks without an end.
+    void settle();
+    bool hasBlocks();
+    void runBlocks();
     std::shared_ptr<Timer> nextTimer() const;
+    void runTimers();
     double nextFrameTime() const;
     void runLinks();
 
