@@ -21,6 +21,10 @@ RunLoop& RunLoop::main() {
     return *mainLoop;
 }
 
+bool RunLoop::hasMain() {
+    return mainLoop != nullptr;
+}
+
 void RunLoop::setMain(RunLoop* loop) {
     mainLoop = loop;
 }

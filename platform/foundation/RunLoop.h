@@ -22,6 +22,8 @@ class RunLoop {
 public:
     /// The process's main loop. There must be one before anything of the platform is used.
     static RunLoop& main();
+    /// False before any loop became the main one and after that one's end, as when static objects go at exit.
+    static bool hasMain();
     /// Makes `loop` the main one; null takes it away. The caller keeps owning it.
     static void setMain(RunLoop* loop);
 
