@@ -1,17 +1,19 @@
 // View animations: a block of changes that the screen follows over a while.
 //
-// Model values change at once. A property that is set again, plainly or by a newer animation, leaves the older
-// animation at the value shown at that moment; that older animation's completion then gets finished = false.
-// Every completion runs exactly once, on the main loop, at the exact end of the last of its changes (in the
-// next turn when nothing changed or the duration is 0). Main thread only.
+// Model values change at once. A property that is set again, plainly or by a newer animation, leaves the
+// older animation at the value shown at that moment; that older animation's completion then gets finished =
+// false. Every completion runs exactly once, on the main loop, at the exact end of the last of its changes
+// (in the next turn when nothing changed or the duration is 0). Main thread only.
 #pragma once
 
 #include "platform/foundation/Handle.h"
 #include "platform/toolkit/animation/AnimatableValue.h"
 #include "platform/toolkit/layers/LayerProperty.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace toolkit {
 
@@ -30,8 +32,12 @@ private:
     double delay_;
     AnimationCurve curve_;
     AnimationCompletion completion_;
+    std::shared_ptr<AnimationGroup> transaction_; // that the group was opened in, or null
+    foundation::Handle timer_;
     int running_ = 0;
+    bool open_ = true; // its block is still running
     bool interrupted_ = false;
+    bool ended_ = false;
 };
 
 class AnimationEngine {
@@ -50,6 +56,9 @@ public:
     void addKeyed(Layer& layer, const std::string& key, LayerProperty property, const AnimatableValue& from,
                   const AnimatableValue& to, double duration, AnimationCurve curve, double repeatCount);
     void removeKeyed(Layer& layer, const std::string& key);
+    /// What performTransaction() does.
+    void transact(bool disableActions, const std::function<void()>& changes,
+                  std::function<void()> completion);
 
     /// True while anything on screen moves by itself, so that frames are due.
     bool isAnimating() const;
@@ -57,6 +66,17 @@ public:
 
 private:
     AnimationEngine();
+    bool isRecording() const;
+    void record(Layer& layer, LayerProperty property, const AnimatableValue& from, const AnimatableValue& to);
+    void interrupt(Layer& layer, LayerProperty property);
+    void groupLost(const std::shared_ptr<AnimationGroup>& group, bool taken);
+    void closeGroup(const std::shared_ptr<AnimationGroup>& group);
+    void endGroup(const std::shared_ptr<AnimationGroup>& group);
+    void endSoon(const std::shared_ptr<AnimationGroup>& group);
+    void transactionLost(const std::shared_ptr<AnimationGroup>& transaction);
+    void expireKeyed(Layer& layer, std::uint64_t serial);
+    void forgetIfIdle(Layer& layer);
+
     struct State;
     std::shared_ptr<State> state_;
 };

@@ -42,8 +42,8 @@ struct Shadow {
 
 /// A linear gradient whose alpha multiplies a layer's picture.
 struct GradientMask {
-    Rect bounds;      // in the masked layer's own coordinates
-    Point position;   // of the bounds' top left corner
+    Rect bounds;         // in the masked layer's own coordinates
+    Point position;      // of the bounds' top left corner
     Point start{0.5, 0}; // in fractions of the bounds
     Point end{0.5, 1};
     std::vector<GradientStop> stops;
@@ -154,6 +154,8 @@ protected:
     void willSet(LayerProperty property, const AnimatableValue& newValue);
 
 private:
+    bool takesNewValue(bool differs) const;
+
     std::uint64_t id_;
     Rect bounds_;
     Point position_;

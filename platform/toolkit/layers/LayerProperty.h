@@ -14,6 +14,7 @@ enum class LayerProperty {
     BorderColor,
     StrokeStart,
     StrokeEnd,
+    Rotation, // radians, a double, turned before the transform; 0 but for a keyed animation
     Count
 };
 

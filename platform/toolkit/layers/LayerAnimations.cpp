@@ -1,0 +1,24 @@
+#include "platform/toolkit/layers/LayerAnimations.h"
+
+#include <cmath>
+
+namespace toolkit {
+
+AnimatableValue LayerAnimations::Running::valueAt(double now) const {
+    const double elapsed = now - begin;
+    if (elapsed <= 0)
+        return from;
+    if (!(duration > 0))
+        return to;
+    const double rounds = elapsed / duration;
+    return interpolate(from, to, curveValue(curve, rounds - std::floor(rounds)));
+}
+
+std::optional<AnimatableValue> LayerAnimations::value(LayerProperty property, double now) const {
+    for (auto running = running_.rbegin(); running != running_.rend(); ++running)
+        if (running->property == property && now < running->end())
+            return running->valueAt(now);
+    return std::nullopt;
+}
+
+} // namespace toolkit
