@@ -23,8 +23,11 @@ public:
 
 protected:
     void highlightChanged() override;
+    void enabledChanged() override;
 
 private:
+    double contentAlpha() const;
+    void showState();
     std::shared_ptr<UIImageView> imageView_;
     std::shared_ptr<UILabel> titleLabel_;
 };

@@ -1,4 +1,8 @@
 // A view that turns touches into actions.
+//
+// It follows one finger at a time, from where it went down until it is lifted: TouchDown first, then TouchUpInside
+// when it is lifted on the control or near it, TouchUpOutside farther away, TouchCancel when something else (a
+// drag of the scroll view around it, say) has taken the finger over.
 #pragma once
 
 #include "platform/toolkit/views/UIView.h"
@@ -12,8 +16,13 @@ class UIControl : public UIView {
 public:
     explicit UIControl(Rect frame = {});
 
+    /// How far beside the control, in points, a finger may slip without letting go of it.
+    static constexpr double touchSlop = 70;
+
     bool isEnabled() const { return enabled_; }
+    /// A disabled control sends nothing; a touch under way is cancelled.
     void setEnabled(bool enabled);
+    /// Whether a finger is on the control now.
     bool isHighlighted() const { return highlighted_; }
 
     /// Sends `action` to `target` (not owned) on `event`; an action that ends in ":" gets the control.
@@ -30,6 +39,10 @@ public:
 
 protected:
     virtual void highlightChanged() {}
+    virtual void enabledChanged() {}
+    bool isTracking() const { return trackedTouch_ >= 0; }
+    /// Whether this is the finger that the control follows.
+    bool isTracked(const Touch& touch) const;
 
 private:
     struct Action {
@@ -37,9 +50,11 @@ private:
         std::function<void()> run;
     };
     void setHighlighted(bool highlighted);
+    bool isNear(const Touch& touch) const;
     std::vector<Action> actions_;
     bool enabled_ = true;
     bool highlighted_ = false;
+    std::int64_t trackedTouch_ = -1; // none
 };
 
 } // namespace toolkit

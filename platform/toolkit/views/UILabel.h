@@ -32,6 +32,7 @@ public:
 
 private:
     void changed();
+    TextStyle styleForWidth(double width) const;
     std::string text_;
     TextStyle style_;
     Color textColor_ = Color::black();
