@@ -32,8 +32,15 @@ private:
         Touch touch;
         std::vector<std::weak_ptr<UIGestureRecognizer>> recognizers;
         bool viewCancelled = false;
+        bool over = false; // the finger is gone; nothing more is delivered
     };
+    std::shared_ptr<Active> find(std::int64_t identifier) const;
+    std::shared_ptr<Active> touchFollowedBy(const UIGestureRecognizer& recognizer) const;
+    void collectRecognizers(Active& active, UIView& hit) const;
     void deliver(Active& active);
+    void deliverToRecognizers(Active& active);
+    void deliverToView(Active& active);
+    void finish(std::int64_t identifier, TouchPhase phase, double timestamp);
     /// Called when a recogniser has begun or been recognised: fails its rivals, cancels the view's touch.
     void recognized(UIGestureRecognizer& winner);
     std::map<std::int64_t, std::shared_ptr<Active>> touches_;

@@ -7,6 +7,7 @@
 #include "platform/runtime/Class.h"
 #include "platform/toolkit/gestures/Touch.h"
 
+#include <functional>
 #include <vector>
 
 namespace toolkit {
@@ -61,6 +62,15 @@ protected:
     Point screenPoint_;
 
 private:
+    /// Possible or active: touches still concern it.
+    bool takesTouches() const { return state_ == GestureState::Possible || isActive(); }
+    /// Sees no more of the touch that it follows, if any; cancelled when it was active, failed when it was not.
+    void stopTracking();
+    /// Falls back without a word to the targets; for rivals of a winner.
+    void fail() { state_ = GestureState::Failed; }
+    bool isActive() const { return state_ == GestureState::Began || state_ == GestureState::Changed; }
+    void tellTargets();
+
     friend class UIView;
     friend class TouchDispatcher;
     struct Target {

@@ -96,6 +96,8 @@ public:
     void setNeedsLayout();
     void layoutIfNeeded();
     bool needsLayout() const { return needsLayout_; }
+    /// Whether layoutIfNeeded() has anything to do: the view or one below it is marked.
+    bool treeNeedsLayout() const { return needsLayout_ || descendantNeedsLayout_; }
     bool autoresizesSubviews() const { return autoresizesSubviews_; }
     void setAutoresizesSubviews(bool autoresizes) { autoresizesSubviews_ = autoresizes; }
 
@@ -124,6 +126,8 @@ private:
     void markLayoutUpwards();
     void layoutTree();
     void adopt(std::shared_ptr<UIView> view, std::size_t index);
+    std::shared_ptr<UIView> takeOut(UIView& view);
+    void placeSubview(std::shared_ptr<UIView> view, std::size_t index);
 
     std::shared_ptr<Layer> layer_;
     std::vector<std::shared_ptr<UIView>> subviews_;

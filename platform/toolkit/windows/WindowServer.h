@@ -21,8 +21,8 @@ public:
     UIWindow* keyWindow() const { return keyWindow_.get(); }
     void setKeyWindow(UIWindow* window) { keyWindow_ = window; }
 
-    /// The top-most window that takes a touch at a point of the screen, or null. While `secureOnly` is on (the
-    /// phone is locked) only windows that may lie over the lock screen are asked and shown, and the lock
+    /// The top-most window that takes a touch at a point of the screen, or null. While `secureOnly` is on
+    /// (the phone is locked) only windows that may lie over the lock screen are asked and shown, and the lock
     /// screen's own.
     UIWindow* windowAt(Point screenPoint) const;
     void setSecureOnly(bool secureOnly);
@@ -48,6 +48,9 @@ private:
     WindowServer() = default;
     void add(UIWindow& window);
     void remove(UIWindow& window);
+    /// Not hidden, and allowed over the lock screen while that is up.
+    bool mayShow(const UIWindow& window) const;
+    std::vector<runtime::WeakPtr<UIWindow>> heldWindows() const;
     std::uint64_t nextShownOrder() { return ++shownCounter_; }
 
     std::vector<UIWindow*> windows_;
