@@ -1,0 +1,34 @@
+// What a host must be able to do so that scripts can be played on it.
+//
+// Every call is made on the main thread in a turn of its own. A call that fails answers the reason, which
+// ends the script.
+#pragma once
+
+#include "hosts/script/Script.h"
+
+namespace script {
+
+class ScriptTarget {
+public:
+    using Failure = std::optional<std::string>;
+
+    virtual ~ScriptTarget() = default;
+
+    virtual Failure touchDown(int finger, toolkit::Point point) = 0;
+    virtual Failure touchMove(int finger, toolkit::Point point) = 0;
+    virtual Failure touchUp(int finger) = 0;
+    virtual Failure press(Button button) = 0;
+    virtual Failure open(const std::string& bundleIdentifier) = 0;
+    virtual Failure rotate(toolkit::DeviceOrientation orientation) = 0;
+    virtual Failure setKeyboardShown(bool shown) = 0;
+    virtual Failure lock() = 0;
+    virtual Failure unlock() = 0;
+    /// A nil value takes the key away.
+    virtual Failure setPreference(const std::string& key, const foundation::PropertyList& value) = 0;
+    virtual Failure type(const std::string& text) = 0;
+    /// Writes what the screen shows, as PNG, to `fileName` in the output directory.
+    virtual Failure writeScreenshot(const std::string& fileName) = 0;
+    virtual Failure writeState(const std::string& fileName) = 0;
+};
+
+} // namespace script
