@@ -6,8 +6,12 @@ namespace {
 HostPort* currentPort = nullptr;
 }
 
-HostPort* HostPort::current() { return currentPort; }
+HostPort* HostPort::current() {
+    return currentPort;
+}
 
-void HostPort::setCurrent(HostPort* port) { currentPort = port; }
+void HostPort::setCurrent(HostPort* port) {
+    currentPort = port;
+}
 
 } // namespace homescreen

@@ -6,7 +6,8 @@ namespace homescreen {
 
 runtime::Class& SBApplicationController::staticClass() {
     static runtime::Class& cls =
-        runtime::ClassBuilder<SBApplicationController>("SBApplicationController", &Object::staticClass()).build();
+        runtime::ClassBuilder<SBApplicationController>("SBApplicationController", &Object::staticClass())
+            .build();
     return cls;
 }
 RUNTIME_REGISTER_CLASS(SBApplicationController)

@@ -10,9 +10,9 @@ namespace homescreen {
 
 namespace {
 
-constexpr double barThickness = 5;       // points
-constexpr double bendRadians = 0.32;     // of each half, in state 1
-constexpr double bendDuration = 0.25;    // seconds
+constexpr double barThickness = 5;    // points
+constexpr double bendRadians = 0.32;  // of each half, in state 1
+constexpr double bendDuration = 0.25; // seconds
 
 std::shared_ptr<UIView> makeHalf(Color color) {
     auto half = std::make_shared<UIView>();
@@ -38,7 +38,9 @@ SBChevronView::SBChevronView(Color color) : leftHalf_(makeHalf(color)), rightHal
     placeHalves();
 }
 
-Size SBChevronView::sizeThatFits(Size) const { return {fittedWidth, fittedHeight}; }
+Size SBChevronView::sizeThatFits(Size) const {
+    return {fittedWidth, fittedHeight};
+}
 
 void SBChevronView::setState(std::int64_t state, bool animated) {
     if (state == state_)
@@ -50,7 +52,9 @@ void SBChevronView::setState(std::int64_t state, bool animated) {
         placeHalves();
 }
 
-void SBChevronView::layoutSubviews() { placeHalves(); }
+void SBChevronView::layoutSubviews() {
+    placeHalves();
+}
 
 void SBChevronView::placeHalves() {
     // The halves overlap by the bar's thickness, so that their round ends make one joint in the middle.

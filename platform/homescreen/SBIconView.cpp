@@ -5,7 +5,8 @@
 namespace homescreen {
 
 runtime::Class& SBIconView::staticClass() {
-    static runtime::Class& cls = runtime::ClassBuilder<SBIconView>("SBIconView", &UIView::staticClass()).build();
+    static runtime::Class& cls =
+        runtime::ClassBuilder<SBIconView>("SBIconView", &UIView::staticClass()).build();
     return cls;
 }
 RUNTIME_REGISTER_CLASS(SBIconView)

@@ -1,7 +1,7 @@
 // The home screen's application object.
 //
-// Its methods are messages, so that an extension can replace them; called from C++ they go through the class's
-// table as well. There is one, made by the host, which then lets it launch.
+// Its methods are messages, so that an extension can replace them; called from C++ they go through the
+// class's table as well. There is one, made by the host, which then lets it launch.
 #pragma once
 
 #include "platform/toolkit/windows/UIApplication.h"

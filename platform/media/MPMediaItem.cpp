@@ -3,7 +3,8 @@
 namespace media {
 
 runtime::Class& MPMediaItem::staticClass() {
-    static runtime::Class& cls = runtime::ClassBuilder<MPMediaItem>("MPMediaItem", &Object::staticClass()).build();
+    static runtime::Class& cls =
+        runtime::ClassBuilder<MPMediaItem>("MPMediaItem", &Object::staticClass()).build();
     return cls;
 }
 RUNTIME_REGISTER_CLASS(MPMediaItem)

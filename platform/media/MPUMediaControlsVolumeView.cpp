@@ -6,9 +6,11 @@ namespace media {
 
 runtime::Class& MPUMediaControlsVolumeView::staticClass() {
     static runtime::Class& cls =
-        runtime::ClassBuilder<MPUMediaControlsVolumeView>("MPUMediaControlsVolumeView", &UIView::staticClass())
+        runtime::ClassBuilder<MPUMediaControlsVolumeView>("MPUMediaControlsVolumeView",
+                                                          &UIView::staticClass())
             .method("_volumeSliderBeganChanging:", &MPUMediaControlsVolumeView::hostVolumeSliderBeganChanging)
-            .method("_volumeSliderStoppedChanging:", &MPUMediaControlsVolumeView::hostVolumeSliderStoppedChanging)
+            .method("_volumeSliderStoppedChanging:",
+                    &MPUMediaControlsVolumeView::hostVolumeSliderStoppedChanging)
             .build();
     return cls;
 }
@@ -26,8 +28,12 @@ void MPUMediaControlsVolumeView::_volumeSliderStoppedChanging(runtime::Object* s
     message(*this, slider);
 }
 
-void MPUMediaControlsVolumeView::hostVolumeSliderBeganChanging(runtime::Object*) { changing_ = true; }
+void MPUMediaControlsVolumeView::hostVolumeSliderBeganChanging(runtime::Object*) {
+    changing_ = true;
+}
 
-void MPUMediaControlsVolumeView::hostVolumeSliderStoppedChanging(runtime::Object*) { changing_ = false; }
+void MPUMediaControlsVolumeView::hostVolumeSliderStoppedChanging(runtime::Object*) {
+    changing_ = false;
+}
 
 } // namespace media

@@ -36,7 +36,8 @@ void Self::nowPlayingApplicationDidChange(Object* controller, std::shared_ptr<Ob
 }
 
 void Self::playbackStateDidChange(Object* controller, bool playing) {
-    static const runtime::Message<void(Object*, bool)> message{"nowPlayingController:playbackStateDidChange:"};
+    static const runtime::Message<void(Object*, bool)> message{
+        "nowPlayingController:playbackStateDidChange:"};
     message(*this, controller, playing);
 }
 
@@ -47,7 +48,8 @@ void Self::nowPlayingInfoDidChange(Object* controller, foundation::PropertyList 
 }
 
 void Self::elapsedTimeDidChange(Object* controller, double elapsed) {
-    static const runtime::Message<void(Object*, double)> message{"nowPlayingController:elapsedTimeDidChange:"};
+    static const runtime::Message<void(Object*, double)> message{
+        "nowPlayingController:elapsedTimeDidChange:"};
     message(*this, controller, elapsed);
 }
 

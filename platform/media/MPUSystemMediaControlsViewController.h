@@ -20,7 +20,8 @@ public:
     void loadView() override;
 
     /// nowPlayingController:nowPlayingApplicationDidChange:, with null when nothing plays.
-    void nowPlayingApplicationDidChange(runtime::Object* controller, std::shared_ptr<runtime::Object> application);
+    void nowPlayingApplicationDidChange(runtime::Object* controller,
+                                        std::shared_ptr<runtime::Object> application);
     /// nowPlayingController:playbackStateDidChange:
     void playbackStateDidChange(runtime::Object* controller, bool playing);
     /// nowPlayingController:nowPlayingInfoDidChange:, with a dictionary or nil.

@@ -36,7 +36,9 @@ Registry& Registry::shared() {
     return registry;
 }
 
-void Registry::add(Class& cls) { classes_.emplace(cls.name(), &cls); }
+void Registry::add(Class& cls) {
+    classes_.emplace(cls.name(), &cls);
+}
 
 Class* Registry::find(const std::string& name) const {
     auto found = classes_.find(name);

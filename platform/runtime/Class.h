@@ -75,17 +75,17 @@ public:
 
     template <class R, class... A>
     ClassBuilder& method(Selector selector, R (T::*member)(A...)) {
-        return methodFunction<R, std::decay_t<A>...>(
-            selector, [member](T& self, std::decay_t<A>... arguments) -> R {
-                return (self.*member)(std::move(arguments)...);
-            });
+        return methodFunction<R, std::decay_t<A>...>(selector,
+                                                     [member](T& self, std::decay_t<A>... arguments) -> R {
+                                                         return (self.*member)(std::move(arguments)...);
+                                                     });
     }
     template <class R, class... A>
     ClassBuilder& method(Selector selector, R (T::*member)(A...) const) {
-        return methodFunction<R, std::decay_t<A>...>(
-            selector, [member](T& self, std::decay_t<A>... arguments) -> R {
-                return (self.*member)(std::move(arguments)...);
-            });
+        return methodFunction<R, std::decay_t<A>...>(selector,
+                                                     [member](T& self, std::decay_t<A>... arguments) -> R {
+                                                         return (self.*member)(std::move(arguments)...);
+                                                     });
     }
     /// A recogniser's or control's action: `(self.*member)(sender)`, with the sender given by reference.
     template <class Sender>

@@ -9,8 +9,8 @@
 namespace runtime {
 
 /// Replaces `selector` in the class named `className` and hands back the replaced implementation through
-/// `original`. An inherited method is overridden in the named class alone. Answers false, and changes nothing,
-/// when the class is missing, has no such method, or has one of another signature.
+/// `original`. An inherited method is overridden in the named class alone. Answers false, and changes
+/// nothing, when the class is missing, has no such method, or has one of another signature.
 template <class R, class... A>
 bool replaceMethod(const std::string& className, Selector selector,
                    std::function<R(Object&, A...)> replacement, std::function<R(Object&, A...)>& original) {

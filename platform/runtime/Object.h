@@ -65,4 +65,6 @@ private:
 #define RUNTIME_CLASS()                                                                                      \
 public:                                                                                                      \
     static runtime::Class& staticClass();                                                                    \
-    runtime::Class& isa() const override { return staticClass(); }
+    runtime::Class& isa() const override {                                                                   \
+        return staticClass();                                                                                \
+    }

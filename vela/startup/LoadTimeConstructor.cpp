@@ -3,6 +3,8 @@
 
 namespace {
 
-[[gnu::constructor]] void loaded() { vela::start(); }
+[[gnu::constructor]] void loaded() {
+    vela::start();
+}
 
 } // namespace

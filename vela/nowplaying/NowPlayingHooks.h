@@ -1,0 +1,30 @@
+// The methods through which the now-playing controls' reports reach the music panel.
+//
+// Each runs the replaced implementation first.
+#pragma once
+
+#include "platform/foundation/PropertyList.h"
+#include "platform/runtime/Object.h"
+
+#include <functional>
+#include <memory>
+
+namespace vela::nowplaying {
+
+using foundation::PropertyList;
+using runtime::Object;
+
+void applicationDidChange(Object& self, Object* controller, std::shared_ptr<Object> application);
+void playbackStateDidChange(Object& self, Object* controller, bool playing);
+void infoDidChange(Object& self, Object* controller, PropertyList info);
+void elapsedTimeDidChange(Object& self, Object* controller, double elapsed);
+void scrollLyric(Object& self);
+void launchCurrentNowPlayingApp(Object& self);
+
+inline std::function<void(Object&, Object*, std::shared_ptr<Object>)> originalApplicationDidChange;
+inline std::function<void(Object&, Object*, bool)> originalPlaybackStateDidChange;
+inline std::function<void(Object&, Object*, PropertyList)> originalInfoDidChange;
+inline std::function<void(Object&, Object*, double)> originalElapsedTimeDidChange;
+inline std::function<void(Object&)> originalLaunchCurrentNowPlayingApp;
+
+} // namespace vela::nowplaying

@@ -1,0 +1,11 @@
+// Where the product's files lie on the device.
+#pragma once
+
+namespace vela::paths {
+
+inline constexpr const char* preferences = "/var/mobile/Library/Preferences/org.lanternhub.vela3.plist";
+inline constexpr const char* defaults = "/Library/Application Support/Vela/default.plist";
+inline constexpr const char* data = "/var/mobile/Documents/Vela";
+inline constexpr const char* artworks = "/var/mobile/Documents/Vela/Artworks";
+
+} // namespace vela::paths
