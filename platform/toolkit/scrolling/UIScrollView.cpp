@@ -88,6 +88,16 @@ void UIScrollView::moveOffset(Point offset) {
     setBounds({offset, bounds().size()});
 }
 
+void UIScrollView::setFrame(Rect frame) {
+    // A frame that is only moved, or set again, leaves an animated offset alone.
+    if (frame.size() == this->frame().size()) {
+        setCenter(frame.center());
+        return;
+    }
+    UIView::setFrame(frame);
+    limitsChanged();
+}
+
 void UIScrollView::setBounds(Rect bounds) {
     const Rect before = this->bounds();
     UIView::setBounds(bounds);
@@ -309,7 +319,7 @@ Point UIScrollView::velocityNow() const {
 // Touches
 
 bool UIScrollView::takesTouchAt(Point point) const {
-    return pointInside(point) || UIView::takesTouchAt(point);
+    return const_cast<UIScrollView*>(this)->hitTest(point) != nullptr;
 }
 
 UIView* UIScrollView::hitTest(Point point) {

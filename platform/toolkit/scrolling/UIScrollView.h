@@ -1,9 +1,9 @@
 // A view on content larger than itself: drags, deceleration, bounce at the edges.
 //
 // The content offset is the bounds' origin. An animated offset takes 0.3 seconds and then tells the delegate;
-// its model value is the target at once. The user drags only along an axis on which the content with its insets
-// is larger than the bounds. When the content, the insets or the bounds change so that the offset lies beyond an
-// edge, it moves to that edge at once.
+// its model value is the target at once. The user drags only along an axis on which the content with its
+// insets is larger than the bounds. When the content, the insets or the bounds change so that the offset lies
+// beyond an edge, it moves to that edge at once.
 #pragma once
 
 #include "platform/foundation/Handle.h"
@@ -25,7 +25,8 @@ public:
     virtual void scrollViewWillBeginDragging(UIScrollView&) {}
     /// `velocity` is the offset's, points a second; the offset comes to rest at `targetContentOffset`, which
     /// may be changed.
-    virtual void scrollViewWillEndDragging(UIScrollView&, Point /*velocity*/, Point& /*targetContentOffset*/) {}
+    virtual void scrollViewWillEndDragging(UIScrollView&, Point /*velocity*/,
+                                           Point& /*targetContentOffset*/) {}
     /// The offset has arrived; not called when something else has moved it on the way.
     virtual void scrollViewDidEndScrollingAnimation(UIScrollView&) {}
 };
@@ -61,6 +62,7 @@ public:
     ScrollViewDelegate* delegate() const { return delegate_; }
     const std::shared_ptr<UIPanGestureRecognizer>& panGestureRecognizer() const { return pan_; }
 
+    void setFrame(Rect frame) override;
     void setBounds(Rect bounds) override;
     bool takesTouchAt(Point point) const override;
     /// While the content moves fast it takes no touches: the first one only stops it.

@@ -22,9 +22,11 @@ State& state() {
 
 void tellObservers() {
     const auto observers = state().observers;
-    for (const auto& observer : observers)
-        if (observer->tell)
-            observer->tell(state().current);
+    for (const auto& observer : observers) {
+        const auto tell = observer->tell; // it may let go of its own handle
+        if (tell)
+            tell(state().current);
+    }
 }
 } // namespace
 

@@ -2,6 +2,9 @@
 
 #include "platform/runtime/Message.h"
 #include "platform/toolkit/gestures/Touch.h"
+#include "platform/toolkit/views/ControlTouchRecognizer.h"
+
+#include <algorithm>
 
 namespace toolkit {
 
@@ -11,7 +14,9 @@ runtime::Class& UIControl::staticClass() {
 }
 RUNTIME_REGISTER_CLASS(UIControl)
 
-UIControl::UIControl(Rect frame) : UIView(frame) {}
+UIControl::UIControl(Rect frame) : UIView(frame) {
+    addGestureRecognizer(std::make_shared<ControlTouchRecognizer>(*this));
+}
 
 void UIControl::setEnabled(bool enabled) {
     if (enabled == enabled_)
@@ -50,7 +55,7 @@ void UIControl::sendActions(ControlEvent event) {
 }
 
 bool UIControl::takesTouchAt(Point point) const {
-    return pointInside(point) || UIView::takesTouchAt(point);
+    return const_cast<UIControl*>(this)->hitTest(point) != nullptr;
 }
 
 bool UIControl::isTracked(const Touch& touch) const {
@@ -58,7 +63,11 @@ bool UIControl::isTracked(const Touch& touch) const {
 }
 
 bool UIControl::isNear(const Touch& touch) const {
-    return bounds().insetBy(-touchSlop, -touchSlop).contains(touch.locationIn(this));
+    const Rect area = bounds();
+    const Point point = touch.locationIn(this);
+    const double beside = std::max({area.x - point.x, point.x - area.maxX(), 0.0});
+    const double above = std::max({area.y - point.y, point.y - area.maxY(), 0.0});
+    return std::max(beside, above) <= touchReach();
 }
 
 void UIControl::setHighlighted(bool highlighted) {

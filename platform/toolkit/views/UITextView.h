@@ -1,4 +1,8 @@
 // Lines of text in a scroll view, editable or not.
+//
+// The content size follows the text at the next layout. An editable one becomes the first responder when it
+// is tapped. Texts may be of any length: only what is looked at is laid out and drawn, and until then the
+// height of what lies far below is an estimate.
 #pragma once
 
 #include "platform/toolkit/scrolling/UIScrollView.h"
@@ -7,21 +11,27 @@
 
 namespace toolkit {
 
+class TextCaret;
+class TextContentView;
+class UITapGestureRecognizer;
+
 class UITextView : public UIScrollView, public TextInput {
     RUNTIME_CLASS()
 public:
     explicit UITextView(Rect frame = {});
     ~UITextView() override;
 
-    const std::string& text() const { return text_; }
+    const std::string& text() const;
+    /// Puts the caret at the end. Bytes that are not UTF-8 are replaced.
     virtual void setText(std::string text);
     Font font() const { return style_.font; }
     void setFont(Font font);
-    Color textColor() const { return textColor_; }
+    Color textColor() const;
     void setTextColor(Color color);
+    TextAlignment textAlignment() const { return style_.alignment; }
     void setTextAlignment(TextAlignment alignment);
     bool isEditable() const { return editable_; }
-    void setEditable(bool editable) { editable_ = editable; }
+    void setEditable(bool editable);
     bool isSelectable() const { return selectable_; }
     void setSelectable(bool selectable) { selectable_ = selectable; }
 
@@ -31,21 +41,30 @@ public:
     void becameFirstResponder() override;
     void resignedFirstResponder() override;
 
+    /// The width and height of the text broken into lines of `size`'s width, the margins around it included.
+    Size sizeThatFits(Size size) const override;
+    void setBounds(Rect bounds) override;
     void layoutSubviews() override;
-    void touchesEnded(const Touch& touch) override;
+    void didMoveToSuperview() override;
     /// Called after every edit by the user.
     void setTextChangedHandler(std::function<void()> handler) { textChanged_ = std::move(handler); }
 
 private:
-    class TextContent;
+    void styleChanged();
+    void edited();
     void updateContentSize();
-    std::shared_ptr<TextContent> content_;
-    std::string text_;
+    void showVisiblePart();
+    void showCaret();
+    void scrollToCaret();
+    void tapped(Point point);
+
+    std::shared_ptr<TextContentView> content_;
+    std::shared_ptr<TextCaret> caretView_;
+    std::shared_ptr<UITapGestureRecognizer> tap_;
     TextStyle style_;
-    Color textColor_ = Color::black();
     bool editable_ = true;
     bool selectable_ = true;
-    std::size_t caret_ = 0;
+    std::size_t caret_ = 0; // a byte index
     std::function<void()> textChanged_;
 };
 

@@ -31,7 +31,7 @@ void UIVisualEffectView::setEffect(std::optional<VisualEffect> effect) {
 }
 
 bool UIVisualEffectView::takesTouchAt(Point point) const {
-    return pointInside(point) || UIView::takesTouchAt(point);
+    return const_cast<UIVisualEffectView*>(this)->hitTest(point) != nullptr;
 }
 
 void UIVisualEffectView::layoutSubviews() {
