@@ -43,14 +43,16 @@ public:
     virtual void fillRoundedRect(Rect rect, double radius, Color color) = 0;
     virtual void fillPath(const Path& path, Color color) = 0;
     virtual void strokePath(const Path& path, double width, LineCap cap, Color color) = 0;
-    virtual void fillLinearGradient(Rect rect, Point from, Point to, const std::vector<GradientStop>& stops) = 0;
+    virtual void fillLinearGradient(Rect rect, Point from, Point to,
+                                    const std::vector<GradientStop>& stops) = 0;
     /// Inside `radius` around `center`, clipped to `rect`.
     virtual void fillRadialGradient(Rect rect, Point center, double radius,
                                     const std::vector<GradientStop>& stops) = 0;
     virtual void drawImage(const Image& image, Rect into, double opacity,
                            ImageFilter filter = ImageFilter::Smooth) = 0;
     virtual void drawText(const TextLayout& text, Point topLeft, Color color) = 0;
-    /// The shadow of a filled rounded rectangle, outside and beneath it. `blur` is its standard radius in points.
+    /// The shadow of a filled rounded rectangle, outside and beneath it. `blur` is its standard radius in
+    /// points.
     virtual void drawShadow(Rect rect, double cornerRadius, double blur, Size offset, Color color) = 0;
     /// Replaces what has been drawn within `rect` by a blurred and tinted picture of itself.
     virtual void drawBackdrop(Rect rect, double cornerRadius, BackdropStyle style) = 0;
@@ -59,7 +61,8 @@ public:
     virtual void beginGroup(Rect bounds, double opacity, GroupBlend blend) = 0;
     virtual void endGroup() = 0;
     /// As endGroup, multiplied by the alpha of a linear gradient over the group's bounds.
-    virtual void endGroupMasked(Rect maskRect, Point from, Point to, const std::vector<GradientStop>& stops) = 0;
+    virtual void endGroupMasked(Rect maskRect, Point from, Point to,
+                                const std::vector<GradientStop>& stops) = 0;
 };
 
 } // namespace toolkit

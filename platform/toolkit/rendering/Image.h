@@ -22,7 +22,8 @@ public:
     Image(int width, int height, int bytesPerRow, std::vector<std::uint8_t> pixels, double scale);
 
     /// A picture of `size` points drawn by `draw` at `scale` pixels a point.
-    static std::shared_ptr<const Image> draw(Size size, double scale, const std::function<void(Canvas&)>& draw);
+    static std::shared_ptr<const Image> draw(Size size, double scale,
+                                             const std::function<void(Canvas&)>& draw);
 
     int pixelWidth() const { return width_; }
     int pixelHeight() const { return height_; }

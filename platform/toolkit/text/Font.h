@@ -14,8 +14,8 @@ struct Font {
     friend bool operator==(const Font&, const Font&) = default;
 };
 
-/// The directory of the font files that the system font is taken from; call before the first text is laid out.
-/// Fonts of the machine stay available for characters that these lack, unless `pinned` (tests) is set.
+/// The directory of the font files that the system font is taken from; call before the first text is laid
+/// out. Fonts of the machine stay available for characters that these lack, unless `pinned` (tests) is set.
 void setFontDirectory(const char* realPath, bool pinned);
 
 } // namespace toolkit

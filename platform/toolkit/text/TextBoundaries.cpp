@@ -41,15 +41,6 @@ std::vector<std::size_t> boundaries(const std::string& text, std::size_t begin, 
 }
 } // namespace
 
-std::string validUtf8(std::string text) {
-    if (g_utf8_validate_len(text.data(), text.size(), nullptr))
-        return text;
-    char* valid = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
-    text = valid;
-    g_free(valid);
-    return text;
-}
-
 std::size_t nextCharacter(const std::string& text, std::size_t index) {
     if (index >= text.size())
         return text.size();

@@ -1,16 +1,13 @@
 // Where one character ends and the next begins in UTF-8 text.
 //
 // A character is what a user takes for one: a letter with its accents, a flag, a family of emoji. Indexes are
-// bytes. The text must be whole UTF-8 (see validUtf8) and an index lies between two characters. Any thread.
+// bytes. The text must be whole UTF-8 (see wholeUtf8) and an index lies between two characters. Any thread.
 #pragma once
 
 #include <cstddef>
 #include <string>
 
 namespace toolkit {
-
-/// The text with every byte that is not part of whole UTF-8, or is zero, replaced by U+FFFD.
-std::string validUtf8(std::string text);
 
 /// The boundary after the character at `index`; the text's end stays where it is.
 std::size_t nextCharacter(const std::string& text, std::size_t index);

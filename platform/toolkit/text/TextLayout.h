@@ -22,8 +22,8 @@ struct TextStyle {
 
 class TextLayout {
 public:
-    /// Lays `text` (UTF-8, made whole where broken; at most 1 MB of it) out in `width` points; a width below 0
-    /// means without limit. Plain text always: nothing in it is markup.
+    /// Lays `text` (UTF-8, made whole where broken; at most 1 MB of it) out in `width` points; a width below
+    /// 0 means without limit. Plain text always: nothing in it is markup.
     TextLayout(const std::string& text, const TextStyle& style, double width);
     ~TextLayout();
     TextLayout(TextLayout&&) noexcept;

@@ -1,0 +1,12 @@
+// Text from outside, made safe to lay out.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace toolkit {
+
+/// `text` without NUL bytes, with U+FFFD for every broken sequence, and cut to `maximumBytes` at a character.
+std::string wholeUtf8(std::string_view text, std::size_t maximumBytes);
+
+} // namespace toolkit
