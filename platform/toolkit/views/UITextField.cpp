@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/gestures/Touch.h"
 #include "platform/toolkit/text/TextBoundaries.h"
+#include "platform/toolkit/text/Utf8.h"
 #include "platform/toolkit/views/TextCaret.h"
 
 #include <algorithm>
@@ -13,14 +14,12 @@ constexpr double inset = 7; // points beside the text
 const Color placeholderColor = Color::rgba(0.78, 0.78, 0.80);
 
 /// `text` as it may stand in one line of at most `limit` bytes.
-std::string singleLine(std::string text, std::size_t limit) {
-    text = validUtf8(std::move(text));
-    for (char& c : text)
+std::string singleLine(const std::string& text, std::size_t limit) {
+    std::string line = wholeUtf8(text, limit);
+    for (char& c : line)
         if (c == '\n' || c == '\r' || c == '\t')
             c = ' ';
-    if (text.size() > limit)
-        text.resize(limit == 0 ? 0 : previousCharacter(text, limit + 1));
-    return text;
+    return line;
 }
 } // namespace
 
@@ -42,14 +41,14 @@ UITextField::~UITextField() {
 
 // Properties
 
-void UITextField::setText(std::string text) {
-    text_ = singleLine(std::move(text), maximumBytes);
+void UITextField::setText(const std::string& text) {
+    text_ = singleLine(text, maximumBytes);
     caret_ = text_.size();
     changed();
 }
 
-void UITextField::setPlaceholder(std::string placeholder) {
-    placeholder_ = singleLine(std::move(placeholder), maximumBytes);
+void UITextField::setPlaceholder(const std::string& placeholder) {
+    placeholder_ = singleLine(placeholder, maximumBytes);
     setNeedsDisplay();
 }
 

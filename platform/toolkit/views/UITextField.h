@@ -23,9 +23,9 @@ public:
 
     const std::string& text() const { return text_; }
     /// Puts the caret at the end. Line breaks become spaces.
-    void setText(std::string text);
+    void setText(const std::string& text);
     const std::string& placeholder() const { return placeholder_; }
-    void setPlaceholder(std::string placeholder);
+    void setPlaceholder(const std::string& placeholder);
     Font font() const { return style_.font; }
     void setFont(Font font);
     Color textColor() const { return textColor_; }

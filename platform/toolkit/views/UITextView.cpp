@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/gestures/UITapGestureRecognizer.h"
 #include "platform/toolkit/text/TextBoundaries.h"
+#include "platform/toolkit/text/Utf8.h"
 #include "platform/toolkit/views/TextCaret.h"
 #include "platform/toolkit/views/TextContentView.h"
 
@@ -48,7 +49,7 @@ const std::string& UITextView::text() const {
 }
 
 void UITextView::setText(std::string text) {
-    content_->blocks().setText(validUtf8(std::move(text)));
+    content_->blocks().setText(wholeUtf8(text, maximumBytes));
     content_->invalidate();
     caret_ = this->text().size();
     setNeedsLayout();
@@ -92,7 +93,7 @@ void UITextView::setEditable(bool editable) {
 // Typing
 
 void UITextView::insertText(const std::string& text) {
-    const std::string whole = validUtf8(text);
+    const std::string whole = wholeUtf8(text, maximumBytes - this->text().size());
     if (!editable_ || whole.empty())
         return;
     content_->blocks().replace(caret_, 0, whole);

@@ -21,6 +21,9 @@ public:
     explicit UITextView(Rect frame = {});
     ~UITextView() override;
 
+    /// What goes beyond this length is not taken.
+    static constexpr std::size_t maximumBytes = 16 * 1024 * 1024;
+
     const std::string& text() const;
     /// Puts the caret at the end. Bytes that are not UTF-8 are replaced.
     virtual void setText(std::string text);
