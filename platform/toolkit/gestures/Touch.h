@@ -16,8 +16,8 @@ class Touch {
 public:
     std::int64_t identifier = 0;
     TouchPhase phase = TouchPhase::Began;
-    double timestamp = 0; // seconds, run loop time of the event
-    Point screenPoint;    // points, screen coordinates
+    double timestamp = 0;          // seconds, run loop time of the event
+    Point screenPoint;             // points, screen coordinates
     runtime::WeakPtr<UIView> view; // the view that was hit
 
     Point locationIn(const UIView* view) const;

@@ -1,7 +1,8 @@
 // Turns touches into one named gesture and tells a target.
 //
-// The recognisers of the hit view and of its ancestors see each touch; the first to begin (or to be recognised)
-// makes the others fail, unless a delegate allows both. Actions run inside the touch event. Main thread only.
+// The recognisers of the hit view and of its ancestors see each touch; the first to begin (or to be
+// recognised) makes the others fail, unless a delegate allows both. Actions run inside the touch event. Main
+// thread only.
 #pragma once
 
 #include "platform/runtime/Class.h"
@@ -64,7 +65,8 @@ protected:
 private:
     /// Possible or active: touches still concern it.
     bool takesTouches() const { return state_ == GestureState::Possible || isActive(); }
-    /// Sees no more of the touch that it follows, if any; cancelled when it was active, failed when it was not.
+    /// Sees no more of the touch that it follows, if any; cancelled when it was active, failed when it was
+    /// not.
     void stopTracking();
     /// Falls back without a word to the targets; for rivals of a winner.
     void fail() { state_ = GestureState::Failed; }
