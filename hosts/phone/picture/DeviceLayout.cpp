@@ -1,0 +1,95 @@
+#include "hosts/phone/picture/DeviceLayout.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace phone {
+
+namespace {
+
+using toolkit::AffineTransform;
+using toolkit::DeviceOrientation;
+using toolkit::Point;
+using toolkit::Size;
+
+/// How much smaller than possible the picture may become for the sake of whole pixels.
+constexpr double snapRange = 1.15;
+
+double snapped(double scale, double pixelsPerUnit, double screenScale) {
+    const double pixelRatio = scale * pixelsPerUnit / screenScale;
+    if (pixelRatio >= 1)
+        return pixelRatio / std::floor(pixelRatio) < snapRange ? scale * std::floor(pixelRatio) / pixelRatio
+                                                               : scale;
+    return pixelRatio >= 0.5 && pixelRatio < 0.5 * snapRange ? scale * 0.5 / pixelRatio : scale;
+}
+
+bool isQuarterTurn(double angle) {
+    const double quarters = angle / (std::numbers::pi / 2);
+    return std::abs(quarters - std::round(quarters)) < 1e-9;
+}
+
+AffineTransform bodyMap(const DevicePicture& picture, const DeviceLayout& layout) {
+    const Size body = picture.bodySize();
+    return AffineTransform::translation(-body.width / 2, -body.height / 2)
+        .then(AffineTransform::rotation(layout.angle))
+        .then(AffineTransform::scale(layout.scale, layout.scale))
+        .then(AffineTransform::translation(layout.center.x, layout.center.y));
+}
+
+} // namespace
+
+DeviceLayout DeviceLayout::fit(const DevicePicture& picture, Size area, double angle, double pixelsPerUnit,
+                               double screenScale) {
+    const double width = picture.bodySize().width + 2 * DevicePicture::margin;
+    const double height = picture.bodySize().height + 2 * DevicePicture::margin;
+    const double cosine = std::abs(std::cos(angle)), sine = std::abs(std::sin(angle));
+    const Size turned{width * cosine + height * sine, width * sine + height * cosine};
+
+    DeviceLayout layout;
+    layout.angle = angle;
+    layout.center = {area.width / 2, area.height / 2};
+    layout.scale = std::max(0.05, std::min(area.width / turned.width, area.height / turned.height));
+    if (isQuarterTurn(angle))
+        layout.scale = snapped(layout.scale, pixelsPerUnit, screenScale);
+    layout.bodyToArea = bodyMap(picture, layout);
+    if (isQuarterTurn(angle)) {
+        // A corner of the screen on a corner of a pixel.
+        const Point corner = layout.bodyToArea.apply(picture.screen().origin());
+        layout.center.x += std::round(corner.x * pixelsPerUnit) / pixelsPerUnit - corner.x;
+        layout.center.y += std::round(corner.y * pixelsPerUnit) / pixelsPerUnit - corner.y;
+        layout.bodyToArea = bodyMap(picture, layout);
+    }
+    return layout;
+}
+
+std::optional<double> DeviceLayout::angleOf(DeviceOrientation orientation) {
+    switch (orientation) {
+    case DeviceOrientation::Portrait:
+        return 0;
+    case DeviceOrientation::PortraitUpsideDown:
+        return std::numbers::pi;
+    case DeviceOrientation::LandscapeLeft:
+        return -std::numbers::pi / 2; // the Home button to the right
+    case DeviceOrientation::LandscapeRight:
+        return std::numbers::pi / 2;
+    case DeviceOrientation::Unknown:
+    case DeviceOrientation::FaceUp:
+    case DeviceOrientation::FaceDown:
+        break;
+    }
+    return std::nullopt;
+}
+
+AffineTransform DeviceLayout::screenToBody(const DevicePicture& picture, int interfaceOrientation) {
+    // The interface is turned against the body as the body is turned for it to stand upright.
+    const double angle = -angleOf(DeviceOrientation{interfaceOrientation}).value_or(0);
+    const toolkit::Rect screen = picture.screen();
+    const bool landscape = interfaceOrientation == 3 || interfaceOrientation == 4;
+    const double width = landscape ? screen.height : screen.width;
+    const double height = landscape ? screen.width : screen.height;
+    return AffineTransform::translation(-width / 2, -height / 2)
+        .then(AffineTransform::rotation(angle))
+        .then(AffineTransform::translation(screen.center().x, screen.center().y));
+}
+
+} // namespace phone

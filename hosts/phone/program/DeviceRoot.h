@@ -1,0 +1,35 @@
+// The directory that is the device's disk: chosen, made, filled from the project's resources.
+//
+// In a root that exists already only what is wholly missing is added: a file or a plug-in folder that is
+// there stays as it is.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+namespace phone {
+
+class DeviceRoot {
+public:
+    /// The user's own device, below the XDG data directory.
+    static std::filesystem::path userRoot();
+
+    /// Makes `path` the device root, or a fresh temporary directory, which goes when this object goes. Throws
+    /// ProgramError when it cannot be made or written.
+    explicit DeviceRoot(const std::optional<std::filesystem::path>& path);
+    ~DeviceRoot();
+    DeviceRoot(const DeviceRoot&) = delete;
+    DeviceRoot& operator=(const DeviceRoot&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+
+    /// Adds what of `resources`/device is missing. Resources that are not there are reported on standard
+    /// error.
+    void fill(const std::filesystem::path& resources) const;
+
+private:
+    std::filesystem::path path_;
+    bool temporary_;
+};
+
+} // namespace phone

@@ -1,0 +1,26 @@
+#include "hosts/phone/program/InstalledFiles.h"
+
+namespace phone {
+
+namespace {
+
+std::filesystem::path executableDirectory() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+} // namespace
+
+std::filesystem::path resourceDirectory() {
+    std::error_code error;
+    const auto installed = executableDirectory() / ".." / "share" / "vela3";
+    if (std::filesystem::is_directory(installed / "device", error))
+        return installed.lexically_normal();
+    return VELA_RESOURCE_DIR;
+}
+
+std::filesystem::path installedExtension() {
+    return (executableDirectory() / ".." / "lib" / "Vela3.dylib").lexically_normal();
+}
+
+} // namespace phone

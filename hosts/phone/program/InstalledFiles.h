@@ -1,0 +1,16 @@
+// Where the program's own files lie: in an installation beside the executable, else in the source and build
+// trees that it was made from.
+#pragma once
+
+#include <filesystem>
+
+namespace phone {
+
+/// The directory of resources ("device" mirrors the device's disk, "fonts" holds the system font). It may be
+/// missing.
+std::filesystem::path resourceDirectory();
+
+/// The installed extension, Vela3.dylib. It may be missing.
+std::filesystem::path installedExtension();
+
+} // namespace phone

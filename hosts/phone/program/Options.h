@@ -1,0 +1,48 @@
+// The command line of vela-phone.
+#pragma once
+
+#include "platform/foundation/PropertyList.h"
+#include "platform/toolkit/geometry/Geometry.h"
+
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace phone {
+
+struct Options {
+    struct Preference {
+        std::string key;
+        foundation::PropertyList value; // nil takes the key away
+    };
+
+    bool help = false;
+    bool version = false;
+    bool headless = false;
+    /// The window stays open after a script's end.
+    bool keepOpen = false;
+    bool loadExtension = true;
+    std::optional<std::filesystem::path> extension;
+    std::optional<std::filesystem::path> script;
+    std::filesystem::path outputDirectory = ".";
+    std::optional<std::filesystem::path> root;
+    toolkit::Size screenSize{375, 667}; // points
+    double screenScale = 2;             // pixels a point
+    std::string model = "iPhone";
+    std::string systemVersion = "9.3";
+    /// Preferences to write instead of starting the phone.
+    std::vector<Preference> preferences;
+
+    /// Throws OptionsError for anything that is no complete and sensible command line.
+    static Options parse(const std::vector<std::string>& arguments);
+    static std::string helpText();
+};
+
+class OptionsError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+} // namespace phone

@@ -1,0 +1,41 @@
+// Scripts played on the simulated phone.
+#pragma once
+
+#include "hosts/phone/Phone.h"
+#include "hosts/script/NotificationRecorder.h"
+#include "hosts/script/ScriptTarget.h"
+
+#include <filesystem>
+
+namespace phone {
+
+class PhoneScriptTarget final : public script::ScriptTarget {
+public:
+    /// `startTime` is the run loop's time that the state counts from. Phone and recorder outlive this object.
+    PhoneScriptTarget(Phone& phone, const script::NotificationRecorder& recorder, double startTime,
+                      std::filesystem::path outputDirectory);
+
+    Failure touchDown(int finger, toolkit::Point point) override;
+    Failure touchMove(int finger, toolkit::Point point) override;
+    Failure touchUp(int finger) override;
+    Failure press(script::Button button) override;
+    Failure open(const std::string& bundleIdentifier) override;
+    Failure rotate(toolkit::DeviceOrientation orientation) override;
+    Failure setKeyboardShown(bool shown) override;
+    Failure lock() override;
+    Failure unlock() override;
+    Failure setPreference(const std::string& key, const foundation::PropertyList& value) override;
+    Failure type(const std::string& text) override;
+    Failure writeScreenshot(const std::string& fileName) override;
+    Failure writeState(const std::string& fileName) override;
+
+private:
+    Failure writeFile(const std::string& fileName, const void* bytes, std::size_t count) const;
+
+    Phone& phone_;
+    const script::NotificationRecorder& recorder_;
+    double startTime_;
+    std::filesystem::path outputDirectory_;
+};
+
+} // namespace phone

@@ -1,0 +1,79 @@
+#include "hosts/phone/program/Program.h"
+
+#include "hosts/phone/program/DeviceRoot.h"
+#include "hosts/phone/program/HeadlessRunner.h"
+#include "hosts/phone/program/InstalledFiles.h"
+#include "hosts/phone/program/PreferencesFile.h"
+#include "hosts/phone/program/ProgramError.h"
+#include "hosts/script/ScriptParser.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace phone {
+
+namespace {
+
+constexpr int exitSuccess = 0;
+constexpr int exitFault = 2;
+
+void prepareOutputDirectory(const std::filesystem::path& directory) {
+    std::error_code error;
+    std::filesystem::create_directories(directory, error);
+    if (!std::filesystem::is_directory(directory, error) || access(directory.c_str(), W_OK | X_OK) != 0)
+        throw ProgramError("the output directory " + directory.string() + " cannot be written");
+}
+
+void writePreferences(const Options& options) {
+    const DeviceRoot root(options.root.value_or(DeviceRoot::userRoot()));
+    root.fill(resourceDirectory());
+    for (const auto& preference : options.preferences)
+        if (!PreferencesFile::set(preference.key, preference.value))
+            throw ProgramError(std::string("the preferences file ") + PreferencesFile::path +
+                               " cannot be written in " + root.path().string());
+}
+
+void runPhone(const Options& options, WindowFunction runWindow) {
+    std::optional<script::Script> script;
+    if (options.script) {
+        script = script::readScript(*options.script);
+        prepareOutputDirectory(options.outputDirectory);
+    }
+    auto rootPath = options.root;
+    if (!rootPath && !options.headless)
+        rootPath = DeviceRoot::userRoot();
+    const DeviceRoot root(rootPath);
+    root.fill(resourceDirectory());
+    if (options.headless)
+        runHeadless(options, *script);
+    else
+        runWindow(options, script);
+}
+
+void run(const Options& options, WindowFunction runWindow) {
+    if (options.help)
+        std::fputs(Options::helpText().c_str(), stdout);
+    else if (options.version)
+        std::puts("vela-phone " VELA_VERSION);
+    else if (!options.preferences.empty())
+        writePreferences(options);
+    else
+        runPhone(options, runWindow);
+}
+
+} // namespace
+
+int runProgram(const std::vector<std::string>& arguments, WindowFunction runWindow) {
+    try {
+        run(Options::parse(arguments), runWindow);
+        return exitSuccess;
+    } catch (const OptionsError& error) {
+        std::fprintf(stderr, "vela-phone: %s\nvela-phone --help lists the options.\n", error.what());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "vela-phone: %s\n", error.what());
+    }
+    return exitFault;
+}
+
+} // namespace phone

@@ -1,0 +1,30 @@
+#include "hosts/phone/program/RunningPhone.h"
+
+#include "hosts/phone/program/ExtensionLoader.h"
+#include "hosts/phone/program/InstalledFiles.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/toolkit/text/Font.h"
+#include "platform/toolkit/windows/WindowServer.h"
+
+namespace phone {
+
+PhoneConfiguration RunningPhone::configurationOf(const Options& options) {
+    PhoneConfiguration configuration;
+    configuration.screenSize = options.screenSize;
+    configuration.screenScale = options.screenScale;
+    configuration.model = options.model;
+    configuration.systemVersion = options.systemVersion;
+    return configuration;
+}
+
+RunningPhone::RunningPhone(const Options& options, PhoneConfiguration configuration)
+    : phone_(std::move(configuration)),
+      scriptTarget_(phone_, notifications_, foundation::RunLoop::main().now(), options.outputDirectory) {
+    toolkit::setFontDirectory((resourceDirectory() / "fonts").c_str(), false);
+    toolkit::WindowServer::shared().attachToMainRunLoop();
+    if (options.loadExtension)
+        loadExtension(options.extension.value_or(installedExtension()));
+    phone_.launch();
+}
+
+} // namespace phone
