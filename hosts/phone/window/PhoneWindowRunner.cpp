@@ -1,0 +1,67 @@
+#include "hosts/phone/window/PhoneWindowRunner.h"
+
+#include "hosts/phone/program/ProgramError.h"
+#include "hosts/phone/program/RunningPhone.h"
+#include "hosts/phone/window/PhoneWindow.h"
+#include "hosts/script/ScriptPlayer.h"
+
+#include <glib-unix.h>
+
+#include <csignal>
+#include <ctime>
+
+namespace phone {
+
+namespace {
+
+long secondsEastOfUtc() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    return localtime_r(&now, &local) ? local.tm_gmtoff : 0;
+}
+
+PhoneConfiguration configurationOf(const Options& options) {
+    PhoneConfiguration configuration = RunningPhone::configurationOf(options);
+    configuration.wallClock = [] { return std::time(nullptr); };
+    configuration.secondsFromUtc = secondsEastOfUtc();
+    return configuration;
+}
+
+gboolean stopLoop(gpointer loop) {
+    static_cast<foundation::GlibRunLoop*>(loop)->stop();
+    return G_SOURCE_CONTINUE;
+}
+
+} // namespace
+
+void runInWindow(const Options& options, const std::optional<script::Script>& script) {
+    if (!gtk_init_check())
+        throw ProgramError(
+            "there is no display to open a window on: --headless --script FILE needs none, and "
+            "GDK_BACKEND=broadway serves the window to a browser once gtk4-broadwayd runs");
+    // All of these live until the process ends: the extension's timers and windows refer to them.
+    auto& loop = *new foundation::GlibRunLoop;
+    foundation::RunLoop::setMain(&loop);
+    g_unix_signal_add(SIGINT, stopLoop, &loop);
+    g_unix_signal_add(SIGTERM, stopLoop, &loop);
+    auto& running = *new RunningPhone(options, configurationOf(options));
+    auto& window = *new PhoneWindow(running.phone(), loop, options.screenSize, [&loop] { loop.stop(); });
+    window.present();
+
+    std::optional<script::ScriptError> failure;
+    std::optional<script::ScriptPlayer> player;
+    if (script) {
+        player.emplace(*script, running.scriptTarget());
+        player->start([&](const std::optional<script::ScriptError>& error) {
+            failure = error;
+            if (error || !options.keepOpen)
+                loop.stop();
+        });
+    }
+    loop.endTurn();
+    loop.run();
+    if (failure)
+        throw *failure;
+}
+
+} // namespace phone
