@@ -129,10 +129,11 @@ private:
     bool visitCounted(Kind kind, std::size_t at, std::uint64_t length) {
         switch (kind) {
         case Kind::Data:
-        case Kind::Text:
             return fits(at, length, 1) && addPayload(length);
+        case Kind::Text:
+            return fits(at, length, 1) && addPayload(length) && !holdsZero(at, length, 1);
         case Kind::WideText:
-            return fits(at, length, 2) && addPayload(length * 2);
+            return fits(at, length, 2) && addPayload(length * 2) && !holdsZero(at, length, 2);
         case Kind::Dictionary:
             return fits(at, length, 2 * referenceSize_) && open(at, length * 2);
         default:
@@ -160,6 +161,14 @@ private:
     /// end.
     bool fits(std::size_t at, std::uint64_t count, std::size_t size) const {
         return at <= table_ && count <= (table_ - at) / size;
+    }
+
+    /// Texts with a NUL among their characters: the reader takes their ends for mistakes of its own and aborts.
+    bool holdsZero(std::size_t at, std::uint64_t count, std::size_t size) const {
+        for (std::uint64_t index = 0; index < count; ++index, at += size)
+            if (number(at, size) == 0)
+                return true;
+        return false;
     }
 
     bool addPayload(std::uint64_t length) {

@@ -118,22 +118,22 @@ void syncDirectory(const FileDescriptor& directory) {
 /// Reads to the end of the file, which another process may be changing.
 std::optional<std::vector<std::uint8_t>> readWhole(const FileDescriptor& file, std::size_t expectedBytes,
                                                    std::size_t maximumBytes) {
-    // One byte more than expected shows the end of the file without growing for it.
+    // One byte more than expected: a file that does not fill the room has been read to its end.
     std::vector<std::uint8_t> bytes(expectedBytes + 1);
     std::size_t length = 0;
     for (;;) {
-        const ssize_t count = ::read(file.number(), bytes.data() + length, bytes.size() - length);
+        const std::size_t room = bytes.size() - length;
+        const ssize_t count = ::read(file.number(), bytes.data() + length, room);
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
             return std::nullopt;
-        if (count == 0)
-            break;
         length += static_cast<std::size_t>(count);
         if (length > maximumBytes)
             return std::nullopt;
-        if (length == bytes.size())
-            bytes.resize(std::min(bytes.size() * 2, maximumBytes + 1));
+        if (static_cast<std::size_t>(count) < room)
+            break;
+        bytes.resize(std::min(bytes.size() * 2, maximumBytes) + 1);
     }
     bytes.resize(length);
     return bytes;
