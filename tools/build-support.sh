@@ -33,7 +33,7 @@ install_missing() {
     say "Installing: ${missing[*]}"
     if [ "$(id -u)" -ne 0 ]; then
         command -v sudo >/dev/null ||
-            die "Installing needs root or sudo, and there is neither. As root: apt-get install ${missing[*]}"
+            die "Installing needs root or sudo, and there is neither. As root: apt-get update && apt-get install ${missing[*]}"
         privilege=(sudo)
     fi
     # The package lists may be too old, or not there at all, on a fresh machine.
