@@ -9,6 +9,8 @@
 #include "platform/homescreen/SpringBoard.h"
 #include "platform/toolkit/windows/UIDevice.h"
 
+#include <ctime>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +24,10 @@ struct PhoneConfiguration {
     double screenScale = 2;             // pixels a point
     std::string model = "iPhone";       // or "iPad": a tablet's home screen rotates
     std::string systemVersion = "9.3";
+    /// The time of day, in seconds since 1970, UTC. Without one the phone starts at 9:41 on a spring morning
+    /// and follows the run loop, so that every run shows the same.
+    std::function<std::time_t()> wallClock;
+    long secondsFromUtc = 0; // of the phone's time zone, positive to the east
 };
 
 class Phone final : public homescreen::HostPort {

@@ -1,0 +1,99 @@
+#include "hosts/phone/applications/ApplicationStage.h"
+
+#include "platform/toolkit/windows/UIScreen.h"
+
+using namespace toolkit;
+
+namespace phone {
+
+namespace {
+
+/// Takes a window that fills the screen down to `target`.
+AffineTransform shrunkTo(Rect target) {
+    const Rect screen = UIScreen::mainScreen().bounds();
+    const double scale = target.width / screen.width;
+    const Point from = screen.center(), to = target.center();
+    return AffineTransform::scale(scale, scale)
+        .then(AffineTransform::translation(to.x - from.x, to.y - from.y));
+}
+
+void hide(const std::shared_ptr<Application>& application) {
+    application->window()->setHidden(true);
+    application->window()->setTransform({});
+    application->window()->setAlpha(1);
+}
+
+} // namespace
+
+ApplicationStage::ApplicationStage(std::vector<std::shared_ptr<Application>> applications)
+    : applications_(std::move(applications)) {}
+
+std::shared_ptr<Application> ApplicationStage::find(const std::string& bundleIdentifier) const {
+    for (const auto& application : applications_)
+        if (application->bundleIdentifier() == bundleIdentifier)
+            return application;
+    return nullptr;
+}
+
+void ApplicationStage::open(std::shared_ptr<Application> application, Rect origin,
+                            StageTransition transition) {
+    if (application == front_)
+        return;
+    const auto previous = std::exchange(front_, application);
+    std::erase(recent_, application);
+    recent_.insert(recent_.begin(), application);
+
+    SystemWindow& window = application->ensureWindow();
+    const bool wasShown = !window.isHidden();
+    window.setHidden(true); // showing it anew puts it before the others
+    window.setHidden(false);
+    if (transition == StageTransition::Zoomed && !wasShown) {
+        window.setTransform({});
+        window.fitScreen();
+        window.layoutIfNeeded();
+        window.setTransform(shrunkTo(origin));
+        window.setAlpha(0);
+        UIView::animate(
+            zoomDuration, 0, AnimationCurve::EaseOut,
+            [&] {
+                window.setTransform({});
+                window.setAlpha(1);
+            },
+            [this, previous](bool) {
+                if (previous && previous != front_)
+                    hide(previous);
+            });
+    } else {
+        window.setTransform({});
+        window.setAlpha(1);
+        window.fitScreen();
+        if (previous)
+            hide(previous);
+    }
+}
+
+void ApplicationStage::leave(Rect target, StageTransition transition) {
+    if (!front_)
+        return;
+    const auto left = std::exchange(front_, nullptr);
+    if (transition == StageTransition::Immediate)
+        return hide(left);
+    SystemWindow& window = *left->window();
+    UIView::animate(
+        zoomDuration, 0, AnimationCurve::EaseInOut,
+        [&] {
+            window.setTransform(shrunkTo(target));
+            window.setAlpha(0);
+        },
+        [this, left](bool finished) {
+            if (finished && left != front_)
+                hide(left);
+        });
+}
+
+void ApplicationStage::fitScreen() {
+    if (front_)
+        front_->window()->fitScreen();
+}
+
+} // namespace phone

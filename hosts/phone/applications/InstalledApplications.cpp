@@ -1,0 +1,22 @@
+#include "hosts/phone/applications/InstalledApplications.h"
+
+#include "hosts/phone/applications/ClockApplication.h"
+#include "hosts/phone/applications/MusicApplication.h"
+#include "hosts/phone/applications/NotesApplication.h"
+#include "hosts/phone/applications/PhotosApplication.h"
+#include "hosts/phone/applications/SettingsApplication.h"
+
+namespace phone {
+
+std::vector<std::shared_ptr<Application>> makeInstalledApplications(WallClock& clock) {
+    return {std::make_shared<ClockApplication>(clock), std::make_shared<MusicApplication>(),
+            std::make_shared<PhotosApplication>(), std::make_shared<NotesApplication>(clock),
+            std::make_shared<SettingsApplication>()};
+}
+
+bool liesInDock(const Application& application) {
+    const IconKind icon = application.description().icon;
+    return icon != IconKind::Clock && icon != IconKind::Calendar;
+}
+
+} // namespace phone

@@ -1,0 +1,16 @@
+#include "hosts/phone/applications/PhotosApplication.h"
+
+#include "hosts/phone/applications/PhotosView.h"
+#include "platform/toolkit/views/UIViewController.h"
+
+namespace phone {
+
+PhotosApplication::PhotosApplication()
+    : Application({"com.apple.mobileslideshow", "Photos", IconKind::Photos,
+                   toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}) {}
+
+std::shared_ptr<toolkit::UIView> PhotosApplication::makeView() {
+    return std::make_shared<PhotosView>();
+}
+
+} // namespace phone
