@@ -64,7 +64,9 @@ public:
     virtual void setUserInteractionEnabled(bool enabled) { userInteractionEnabled_ = enabled; }
     void addGestureRecognizer(std::shared_ptr<UIGestureRecognizer> recognizer);
     void removeGestureRecognizer(const std::shared_ptr<UIGestureRecognizer>& recognizer);
-    const std::vector<std::shared_ptr<UIGestureRecognizer>>& gestureRecognizers() const { return recognizers_; }
+    const std::vector<std::shared_ptr<UIGestureRecognizer>>& gestureRecognizers() const {
+        return recognizers_;
+    }
     /// The deepest view that takes a touch at `point` (own coordinates), or null.
     virtual UIView* hitTest(Point point);
     virtual bool pointInside(Point point) const { return bounds().contains(point); }
