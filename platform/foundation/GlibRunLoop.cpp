@@ -88,14 +88,15 @@ void GlibRunLoop::State::fireTimer(const std::weak_ptr<Timer>& weak) {
     const auto timer = weak.lock();
     if (!timer)
         return;
-    if (timer->repeats) {
-        timer->beat = firstAfter(timer->beat, (clockTime() - timer->begin) / timer->interval);
-        timer->source->fireAt(timer->due());
-    } else {
+    if (!timer->repeats)
         removeTimer(timer);
-    }
     timer->fire();
     loop.runTurnHooks();
+    if (!timer->source)
+        return;
+    // Only now: beats that the work took longer than are skipped.
+    timer->beat = firstAfter(timer->beat, (clockTime() - timer->begin) / timer->interval);
+    timer->source->fireAt(timer->due());
 }
 
 void GlibRunLoop::State::removeLink(const std::shared_ptr<Link>& link) {

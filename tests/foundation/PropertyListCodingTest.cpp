@@ -1,7 +1,10 @@
 #include "platform/foundation/PropertyListCoding.h"
 
+#include "tests/support/TemporaryDirectory.h"
+
 #include <clocale>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -129,16 +132,22 @@ TEST(PropertyListCoding, ClampsIntegersBeyondItsRange) {
 }
 
 TEST(PropertyListCoding, ReadsRealsAlikeInEveryLocale) {
-    const std::string previous = std::setlocale(LC_ALL, nullptr);
-    const char* comma = nullptr;
-    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8"})
-        if (!comma)
-            comma = std::setlocale(LC_ALL, name);
-    const auto read = decode(encodePropertyList(0.35));
-    std::setlocale(LC_ALL, previous.c_str());
-    if (!comma)
-        GTEST_SKIP() << "no locale with a decimal comma is installed";
+    // A locale whose decimals have a comma, made here, for few machines have it installed.
+    const tests::TemporaryDirectory directory;
+    const std::string locale = directory.path() / "comma";
+    if (std::system(("localedef -i de_DE -f UTF-8 --no-archive " + locale + " >/dev/null 2>&1").c_str()) != 0)
+        GTEST_SKIP() << "the machine has no sources of locales";
+    setenv("LOCPATH", directory.path().c_str(), 1);
+    ASSERT_NE(std::setlocale(LC_ALL, "comma"), nullptr);
+    EXPECT_STREQ(std::localeconv()->decimal_point, ",");
+    const std::string written = encodePropertyList(0.35);
+    const auto read = decode(written);
+    const double number = PropertyList("0.35").doubleValue();
+    std::setlocale(LC_ALL, "C");
+    unsetenv("LOCPATH");
+    EXPECT_NE(written.find("<real>0.35</real>"), std::string::npos);
     EXPECT_EQ(read, PropertyList(0.35));
+    EXPECT_EQ(number, 0.35);
 }
 
 TEST(PropertyListCoding, AnswersNothingForEveryTruncatedText) {
