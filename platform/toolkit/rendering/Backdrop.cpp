@@ -6,8 +6,8 @@ namespace toolkit {
 
 namespace {
 
-// Three box passes of seven cells come close to a Gaussian blur with a standard deviation of 14 points.
-constexpr int boxReach = 3;
+// Three box passes of nine cells come close to a Gaussian blur with a standard deviation of 18 points.
+constexpr int boxReach = 4;
 constexpr int boxPasses = 3;
 constexpr double pointsPerCell = 4;
 // Interpolation weights are sixteenths, which keeps a weighted 8.4 colour within 16 bits.

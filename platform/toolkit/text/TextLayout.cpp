@@ -1,7 +1,6 @@
 #include "platform/toolkit/text/TextLayout.h"
 
-#include "platform/toolkit/text/FontMap.h"
-#include "platform/toolkit/text/TextLayoutNative.h"
+#include "platform/toolkit/text/TextPieces.h"
 #include "platform/toolkit/text/Utf8.h"
 
 #include <cmath>
@@ -23,140 +22,27 @@ double upToHalfPoint(double value) {
     return std::ceil(value * 2 - 1e-3) / 2;
 }
 
-PangoAlignment pangoAlignment(TextAlignment alignment) {
-    switch (alignment) {
-    case TextAlignment::Center:
-        return PANGO_ALIGN_CENTER;
-    case TextAlignment::Right:
-        return PANGO_ALIGN_RIGHT;
-    case TextAlignment::Left:
-        break;
-    }
-    return PANGO_ALIGN_LEFT;
-}
-
-PangoLayout* makeLayout(const TextStyle& style, const char* text, std::size_t length, double width) {
-    PangoLayout* layout = pango_layout_new(sharedTextContext());
-    PangoFontDescription* description = makeFontDescription(style.font);
-    pango_layout_set_font_description(layout, description);
-    pango_font_description_free(description);
-    if (style.font.monospacedDigits) {
-        PangoAttrList* attributes = pango_attr_list_new();
-        pango_attr_list_insert(attributes, pango_attr_font_features_new("tnum=1"));
-        pango_layout_set_attributes(layout, attributes);
-        pango_attr_list_unref(attributes);
-    }
-    pango_layout_set_auto_dir(layout, TRUE);
-    pango_layout_set_wrap(layout, PANGO_WRAP_WORD_CHAR);
-    pango_layout_set_alignment(layout, pangoAlignment(style.alignment));
-    pango_layout_set_width(layout, width < 0 ? -1 : static_cast<int>(std::floor(width * PANGO_SCALE)));
-    pango_layout_set_text(layout, text, static_cast<int>(length));
-    return layout;
-}
-
-/// The length of a line break at `position`, 0 for none.
-std::size_t lineBreakLength(const std::string& text, std::size_t position) {
-    if (text.compare(position, 2, "\r\n") == 0)
-        return 2;
-    if (position < text.size() && (text[position] == '\n' || text[position] == '\r'))
-        return 1;
-    return text.compare(position, 3, "\u2029") == 0 ? 3 : 0;
-}
-
-std::size_t endOfParagraph(const std::string& text, std::size_t start) {
-    while (start < text.size() && lineBreakLength(text, start) == 0)
-        ++start;
-    return start;
-}
-
-/// The last line that is shown of a text that goes on after it.
-PangoLayout* makeLastLine(const Native& native, std::size_t start, std::size_t lineLength) {
-    const TextStyle& style = native.style;
-    if (style.lineBreak == LineBreak::WordWrap) {
-        PangoLayout* layout = makeLayout(style, native.text.data() + start, lineLength, native.width);
-        pango_layout_set_single_paragraph_mode(layout, TRUE);
-        return layout;
-    }
-    const std::size_t end = endOfParagraph(native.text, start);
-    // What no line can hold need not be shaped to be cut off.
-    constexpr std::size_t longestLine = 16 * 1024;
-    std::string line = wholeUtf8(std::string_view(native.text).substr(start, end - start), longestLine);
-    if (start + line.size() < native.text.size())
-        line += "\u2026";
-    PangoLayout* layout = makeLayout(style, line.data(), line.size(), native.width);
-    pango_layout_set_ellipsize(layout, native.width < 0 ? PANGO_ELLIPSIZE_NONE : PANGO_ELLIPSIZE_END);
-    return layout;
-}
-
-Size pieceSize(PangoLayout* layout) {
-    int width = 0, height = 0;
-    pango_layout_get_size(layout, &width, &height);
-    return {points(width), points(height)};
-}
-
-/// The byte where the line after `lines` lines begins in `layout`; its end when there is none.
-PangoLayoutLine* lineAt(PangoLayout* layout, int index) {
-    return pango_layout_get_line_readonly(layout, index);
-}
-
-/// As much of the text as `lines` lines can need; laying a megabyte out to show one line of it would stall.
-std::size_t usefulLength(const Native& native) {
-    const int lines = native.style.numberOfLines;
-    if (lines <= 0)
-        return native.text.size();
-    constexpr std::size_t bytesPerLine = 16 * 1024;
-    std::size_t length = std::min(native.text.size(), static_cast<std::size_t>(lines) * bytesPerLine);
-    while (length < native.text.size() && (static_cast<unsigned char>(native.text[length]) & 0xC0) == 0x80)
-        --length;
-    return length;
-}
-
-void makePieces(Native& native) {
-    const int lines = native.style.numberOfLines;
-    const std::size_t useful = usefulLength(native);
-    PangoLayout* whole = makeLayout(native.style, native.text.data(), useful, native.width);
-    if (lines <= 0 || (useful == native.text.size() && pango_layout_get_line_count(whole) <= lines)) {
-        native.pieces.push_back({whole, 0, 0, native.text.size()});
-        return;
-    }
-    const int last = std::min(lines, pango_layout_get_line_count(whole)) - 1;
-    const PangoLayoutLine* line = lineAt(whole, last);
-    const auto start = static_cast<std::size_t>(line->start_index),
-               length = static_cast<std::size_t>(line->length);
-    double y = 0;
-    if (start > 0) {
-        // A line break at the head's end would make a further, empty line.
-        std::size_t headLength = start;
-        for (std::size_t breakAt = start >= 3 ? start - 3 : 0; breakAt < start; ++breakAt)
-            if (const std::size_t breaks = lineBreakLength(native.text, breakAt);
-                breaks && breakAt + breaks == start) {
-                headLength = breakAt;
-                break;
-            }
-        PangoLayout* head = makeLayout(native.style, native.text.data(), headLength, native.width);
-        native.pieces.push_back({head, 0, 0, start});
-        y = pieceSize(head).height;
-    }
-    native.pieces.push_back({makeLastLine(native, start, length), y, start, native.text.size() - start});
-    g_object_unref(whole);
-}
-
 void measure(Native& native) {
     double width = 0;
     for (const Native::Piece& piece : native.pieces)
-        width = std::max(width, pieceSize(piece.layout).width);
+        width = std::max(width, sizeOfPiece(piece).width);
     const Native::Piece& last = native.pieces.back();
-    native.size = {upToHalfPoint(width), upToHalfPoint(last.y + pieceSize(last.layout).height)};
+    native.size = {upToHalfPoint(width), upToHalfPoint(last.y + sizeOfPiece(last).height)};
     native.layoutWidth = native.width < 0 ? native.size.width : native.width;
     if (native.width >= 0)
         return;
     // Without a limit alignment takes place within the text's own width.
     for (const Native::Piece& piece : native.pieces)
-        if (native.style.alignment != TextAlignment::Left || native.pieces.size() > 1) {
-            pango_layout_set_ellipsize(piece.layout, PANGO_ELLIPSIZE_NONE);
-            pango_layout_set_width(piece.layout,
-                                   static_cast<int>(std::ceil(native.size.width * PANGO_SCALE)));
-        }
+        pango_layout_set_width(piece.layout, static_cast<int>(std::ceil(native.size.width * PANGO_SCALE)));
+}
+
+/// The piece that the byte at `index` belongs to.
+const Native::Piece& pieceOf(const Native& native, std::size_t index) {
+    const Native::Piece* found = &native.pieces.front();
+    for (const Native::Piece& piece : native.pieces)
+        if (piece.start <= index)
+            found = &piece;
+    return *found;
 }
 
 } // namespace
@@ -171,7 +57,7 @@ TextLayout::TextLayout(const std::string& text, const TextStyle& style, double w
     native_->text = wholeUtf8(text, maximumTextBytes);
     native_->style = style;
     native_->width = width >= 0 ? std::min(width, widest) : -1;
-    makePieces(*native_);
+    makeTextPieces(*native_);
     measure(*native_);
 }
 
@@ -201,22 +87,15 @@ const TextStyle& TextLayout::style() const {
 
 Rect TextLayout::caretRect(std::size_t index) const {
     index = std::min(index, native_->text.size());
-    const Native::Piece* piece = &native_->pieces.front();
-    for (const Native::Piece& candidate : native_->pieces)
-        if (candidate.start <= index)
-            piece = &candidate;
-    const auto laidOut =
-        static_cast<std::size_t>(pango_layout_get_character_count(piece->layout) > 0
-                                     ? std::char_traits<char>::length(pango_layout_get_text(piece->layout))
-                                     : 0);
-    std::size_t local = std::min(index - piece->start, laidOut);
-    const char* bytes = pango_layout_get_text(piece->layout);
-    while (local > 0 && (static_cast<unsigned char>(bytes[local]) & 0xC0) == 0x80)
+    const Native::Piece& piece = pieceOf(*native_, index);
+    const std::string_view laidOut = pango_layout_get_text(piece.layout);
+    std::size_t local = std::min({index - piece.start, piece.length, laidOut.size()});
+    while (local > 0 && local < laidOut.size() && (static_cast<unsigned char>(laidOut[local]) & 0xC0) == 0x80)
         --local;
     PangoRectangle strong;
-    pango_layout_get_cursor_pos(piece->layout, static_cast<int>(local), &strong, nullptr);
+    pango_layout_get_cursor_pos(piece.layout, static_cast<int>(local), &strong, nullptr);
     constexpr double caretWidth = 2;
-    return {points(strong.x), piece->y + points(strong.y), caretWidth, points(strong.height)};
+    return {points(strong.x), piece.y + points(strong.y), caretWidth, points(strong.height)};
 }
 
 std::size_t TextLayout::indexAt(Point p) const {
