@@ -163,7 +163,8 @@ private:
         return at <= table_ && count <= (table_ - at) / size;
     }
 
-    /// Texts with a NUL among their characters: the reader takes their ends for mistakes of its own and aborts.
+    /// Texts with a NUL among their characters: the reader takes their ends for mistakes of its own and
+    /// aborts.
     bool holdsZero(std::size_t at, std::uint64_t count, std::size_t size) const {
         for (std::uint64_t index = 0; index < count; ++index, at += size)
             if (number(at, size) == 0)

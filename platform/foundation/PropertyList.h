@@ -76,7 +76,8 @@ public:
     friend bool operator==(const PropertyList&, const PropertyList&) = default;
 
 private:
-    std::variant<std::monostate, bool, std::int64_t, double, std::string, Data, Date, Array, Dictionary> value_;
+    std::variant<std::monostate, bool, std::int64_t, double, std::string, Data, Date, Array, Dictionary>
+        value_;
 };
 
 } // namespace foundation

@@ -73,7 +73,12 @@ PropertyList dateOf(plist_t node) {
     std::int32_t seconds = 0;
     std::int32_t microseconds = 0;
     plist_get_date_val(node, &seconds, &microseconds);
-    return PropertyList::Date{seconds + microseconds / 1e6};
+    // The reader has 32 bits for the seconds: what lies before 1932 or after 2069 is no sound date to it, and
+    // leaves no sound fraction either.
+    constexpr std::int32_t microsecondsPerSecond = 1'000'000;
+    if (std::abs(std::int64_t{microseconds}) >= microsecondsPerSecond)
+        microseconds = 0;
+    return PropertyList::Date{seconds + static_cast<double>(microseconds) / microsecondsPerSecond};
 }
 
 PropertyList dataOf(plist_t node) {

@@ -2,8 +2,8 @@
 // queue, display links and the hooks at the end of each turn.
 //
 // There are two kinds, GlibRunLoop for real time and VirtualRunLoop, which steps time for tests and headless
-// runs. Everything runs on the main thread but the blocks given to performInBackground. A turn is one round of
-// whatever was due, followed by the turn hooks in the order of their phases.
+// runs. Everything runs on the main thread but the blocks given to performInBackground. A turn is one round
+// of whatever was due, followed by the turn hooks in the order of their phases.
 #pragma once
 
 #include "platform/foundation/Handle.h"

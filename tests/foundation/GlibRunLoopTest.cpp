@@ -70,9 +70,9 @@ TEST_F(GlibRunLoopTest, SkipsMissedBeatsAndKeepsThePhase) {
     ASSERT_TRUE(runUntil([&] { return fired.size() == 4; }));
     // Beat 1, then the work that covers beats 2 and 3, then from beat 4 on, each within its own interval.
     EXPECT_GE(fired[1], begin + 4 * interval);
+    const auto beat = [&](std::size_t index) { return std::floor((fired[index] - begin) / interval + 1e-4); };
     for (std::size_t index = 2; index < fired.size(); ++index)
-        EXPECT_GT(std::floor((fired[index] - begin) / interval),
-                  std::floor((fired[index - 1] - begin) / interval));
+        EXPECT_GT(beat(index), beat(index - 1));
 }
 
 TEST_F(GlibRunLoopTest, LetsTimersGoWhileTheyFire) {
@@ -90,6 +90,7 @@ TEST_F(GlibRunLoopTest, LetsTimersGoWhileTheyFire) {
     const double begin = loop.now();
     ASSERT_TRUE(runUntil([&] { return loop.now() > begin + 0.08; }));
     EXPECT_EQ(fired, 1);
+    EXPECT_EQ(others, 0);
 }
 
 TEST_F(GlibRunLoopTest, EndsEachTurnWithItsHooks) {
@@ -147,7 +148,7 @@ TEST_F(GlibRunLoopTest, TicksSixtyTimesASecondAtMost) {
     link.reset();
     for (std::size_t tick = 1; tick < ticks.size(); ++tick)
         EXPECT_GT(std::floor(ticks[tick] * 60 + 1e-4), std::floor(ticks[tick - 1] * 60 + 1e-4));
-    EXPECT_GE(ticks.back() - ticks.front(), 18.5 / 60);
+    EXPECT_GE(ticks.back() - ticks.front(), 18.0 / 60);
 }
 
 TEST_F(GlibRunLoopTest, LetsLinksGoWhileTheyTick) {
