@@ -203,7 +203,7 @@ TEST_F(WindowGrabber, BelowFiveHundredTheHalfWayRuleDecides) {
     // 100 of 300 points pulled: a release at 499 is slow, and closes.
     flingRight(-499);
     EXPECT_EQ(rightX(), 375);
-    wait(0.3);
+    wait(0.31);
     EXPECT_TRUE(state.right->isHidden());
     flingLeft(499);
     EXPECT_EQ(leftX(), -300);
@@ -217,7 +217,7 @@ TEST_F(WindowGrabber, ExactlyHalfWayBothPanelsOpen) {
     wait(0.3);
     touchUp();
     EXPECT_EQ(rightX(), 75);
-    wait(0.3);
+    wait(0.31);
     EXPECT_TRUE(state.rightGrabber->showed());
     tap(20, 300);
     wait(0.5);
@@ -336,7 +336,7 @@ TEST_F(WindowGrabber, AnOpenPanelIsDraggedShutByItsGrabStripWithTheSameBlur) {
     EXPECT_EQ(state.right->blurView()->effect(), VisualEffect::blur(BlurEffectStyle::Dark));
     wait(0.3);
     touchUp();
-    wait(0.3);
+    wait(0.31);
     EXPECT_FALSE(state.rightGrabber->showed());
     EXPECT_TRUE(state.right->isHidden());
     touchDown(370, 300);
@@ -380,36 +380,48 @@ TEST_F(WindowGrabber, ARepeatedTapDismissesOnce) {
 }
 
 TEST_F(WindowGrabber, WhileOnePanIsChangingTheOthersCallbacksOnlyDismissTheirPanel) {
-    openRight();
-    state.rightGrabber->setUserInteractionEnabled(true);
-    // The left strip lies under the dimmed area of the open right panel, so its pan is begun before that
-    // opens.
-    tap(30, 300);
-    wait(0.5);
+    // Both fingers come down before either panel moves: the dimmed area would lie over the other strip.
     touchDown(5, 300, 1);
-    touchMove(30, 300, 0.1, 1);
-    touchMove(60, 300, 0.1, 1);
-    const double followed = leftX();
     touchDown(370, 400, 2);
+    touchMove(30, 300, 1.0 / 60, 1);
+    touchMove(60, 300, 1.0 / 60, 1);
+    const double followed = leftX();
+    ASSERT_EQ(followed, -270);
     touchMove(300, 400, 0.1, 2);
     EXPECT_EQ(rightX(), 375);
-    EXPECT_TRUE(state.right->isHidden()); // not even its begin was handled
+    EXPECT_EQ(state.right->grabberView()->state(), 1); // not even the pan's begin was handled
     EXPECT_EQ(state.darking->touchController(), 0);
     EXPECT_EQ(leftX(), followed);
     EXPECT_EQ(state.darking->alpha(), 0); // the tap dismissal's work
+    wait(0.29);
+    EXPECT_TRUE(state.right->isHidden());
     touchUp(2);
     touchUp(1);
 }
 
 TEST_F(WindowGrabber, AndTheOtherWayRound) {
     touchDown(370, 300, 1);
-    touchMove(340, 300, 0.1, 1);
-    touchMove(300, 300, 0.1, 1);
-    posted.clear();
     touchDown(5, 400, 2);
+    touchMove(340, 300, 1.0 / 60, 1);
+    touchMove(300, 300, 1.0 / 60, 1);
     touchMove(60, 400, 1.0 / 60, 2);
     EXPECT_EQ(posted, std::vector<std::string>{"dismissed"});
     EXPECT_EQ(leftX(), -300);
+    EXPECT_EQ(state.left->board()->retried(), 1); // the board was not asked
+    touchMove(90, 400, 1.0 / 60, 2);
+    EXPECT_EQ(posted, (std::vector<std::string>{"dismissed", "dismissed"}));
+    EXPECT_EQ(rightX(), 335);
+    touchUp(2);
+    touchUp(1);
+}
+
+TEST_F(WindowGrabber, APanThatHasOnlyBegunDoesNotHoldTheOtherBack) {
+    touchDown(5, 300, 1);
+    touchDown(370, 400, 2);
+    touchMove(30, 300, 1.0 / 60, 1);
+    touchMove(350, 400, 1.0 / 60, 2);
+    EXPECT_EQ(state.darking->touchController(), 1);
+    EXPECT_FALSE(state.right->isHidden());
     touchUp(2);
     touchUp(1);
 }
@@ -427,6 +439,9 @@ TEST_F(WindowGrabber, TheLeftPanelAnnouncesItselfWhenItsAnimationsStart) {
     EXPECT_EQ(posted, (std::vector<std::string>{"invoked", "dismissed", "dismissed"}));
     state.leftGrabber->showControllerWithDuration(0.1f, 0.0f);
     EXPECT_EQ(posted.back(), "invoked");
+    wait(0.5);
+    tap(350, 300);
+    wait(0.5);
     const std::size_t count = posted.size();
     openRight();
     EXPECT_EQ(posted.size(), count);

@@ -46,12 +46,12 @@ TEST_F(ScreenGeometry, TheScreenRectangleTurnsWithTheOrientationAskedFor) {
 }
 
 TEST_F(ScreenGeometry, PanelWidthsAreFractionsOfTheScreensWidth) {
-    preferences({{"left_size_portrait", 0.8}, {"left_size_landscape", 0.4}, {"right_size_portrait", 0.6}});
+    preferences({{"left_size_portrait", 0.8}, {"left_size_landscape", 0.4}, {"right_size_portrait", 0.75}});
     EXPECT_EQ(vela::messages::leftSize(spring()), 300.0f);
-    EXPECT_EQ(vela::messages::rightSize(spring()), 225.0f);
+    EXPECT_EQ(vela::messages::rightSize(spring()), 281.25f);
     EXPECT_EQ(vela::messages::rightScaleLandscape(spring()), 0.0f);
     EXPECT_EQ(refreshed(ViewController::LeftPanel), Rect(-300, 0, 300, 667));
-    EXPECT_EQ(refreshed(ViewController::RightPanel), Rect(375, 0, 225, 667));
+    EXPECT_EQ(refreshed(ViewController::RightPanel), Rect(375, 0, 281.25, 667));
     screen(667, 375);
     EXPECT_EQ(vela::messages::leftSize(spring()), static_cast<float>(667.0 * static_cast<double>(0.4f)));
 }

@@ -16,6 +16,13 @@ using foundation::PropertyList;
 
 namespace {
 
+/// Takes away what an earlier test of this process may have added to the host's classes.
+void forgetAddedMethods() {
+    for (const auto& hook : vela::hookTable())
+        if (hook.kind == vela::HookKind::Added)
+            runtime::Registry::shared().find(hook.className)->removeOwnMethod(hook.selector);
+}
+
 struct Startup : tests::ProductTest {
     FileManager& files = FileManager::shared();
 
@@ -24,6 +31,7 @@ struct Startup : tests::ProductTest {
     static bool installsHooks(const std::string& version, const std::string& identifier) {
         const pid_t child = fork();
         if (child == 0) {
+            forgetAddedMethods();
             auto& process = foundation::ProcessInfo::shared();
             process.systemVersion = version;
             process.mainBundleIdentifier = identifier;
@@ -186,6 +194,7 @@ std::vector<std::string> rowsWithoutEffect(const std::function<void()>& takeAway
     EXPECT_EQ(pipe(ends), 0);
     const pid_t child = fork();
     if (child == 0) {
+        forgetAddedMethods();
         takeAway();
         std::string missing;
         for (const auto& hook : vela::hookTable())
