@@ -11,6 +11,9 @@ namespace {
 constexpr double restingDistance = 0.1; // points; less than a pixel of any screen
 constexpr double restStep = 1.0 / 60;   // seconds
 
+/// A harder throw against an edge, in points a second, goes no farther beyond it: the content stays in sight.
+constexpr double hardestBounce = 3000;
+
 double bounceRestTime(double distance, double velocity) {
     double t = 0;
     // The return takes well under two seconds for any throw; the limit is for absurd velocities.
@@ -29,6 +32,8 @@ AxisMotion::AxisMotion(double offset, double velocity, double low, double high) 
             offset != inside || (offset == low && velocity < 0) || (offset == high && velocity > 0);
         if (bounces) {
             const double distance = offset - inside;
+            if (distance * velocity >= 0)
+                velocity = std::clamp(velocity, -hardestBounce, hardestBounce);
             add(Kind::Bounce, time, offset, velocity, inside);
             const double crossing = bounceCrossing(distance, velocity);
             if (std::isinf(crossing)) {

@@ -16,6 +16,15 @@ struct TextBlocks::Block {
     std::uint64_t lastUse = 0;
 };
 
+namespace {
+/// The start of the code point that the byte at `index` belongs to.
+std::size_t startOfCharacter(const std::string& text, std::size_t index) {
+    while (index > 0 && index < text.size() && (static_cast<unsigned char>(text[index]) & 0xC0) == 0x80)
+        --index;
+    return index;
+}
+} // namespace
+
 TextBlocks::TextBlocks() {
     setStyle({});
 }
@@ -77,26 +86,45 @@ TextBlocks::Block TextBlocks::makeBlock(std::size_t begin, std::size_t end) cons
 
 std::vector<TextBlocks::Block> TextBlocks::split(std::size_t begin, std::size_t end) const {
     std::vector<Block> blocks;
-    while (end - begin > blockBytes) {
-        const std::size_t limit = begin + blockBytes;
-        const std::size_t lineFeed = text_.rfind('\n', limit);
-        const bool atLine = lineFeed != std::string::npos && lineFeed >= begin;
-        const std::size_t cut = atLine ? lineFeed : forcedCut(begin, limit);
+    for (;;) {
+        const std::size_t limit = std::min(end, begin + blockBytes);
+        const std::size_t wordCut = endlessWord(begin, limit);
+        if (wordCut == limit && limit == end)
+            break;
+        std::size_t cut = wordCut;
+        std::size_t next = wordCut;
+        if (wordCut == limit) {
+            const std::size_t lineFeed = text_.rfind('\n', limit);
+            const bool atLine = lineFeed != std::string::npos && lineFeed >= begin;
+            cut = atLine ? lineFeed : forcedCut(begin, limit);
+            next = atLine ? cut + 1 : cut;
+        }
         blocks.push_back(makeBlock(begin, cut));
-        begin = atLine ? cut + 1 : cut;
+        begin = next;
     }
     blocks.push_back(makeBlock(begin, end));
     return blocks;
+}
+
+/// Where a block has to end within a word that is too long to be kept whole; `end` when there is none.
+std::size_t TextBlocks::endlessWord(std::size_t begin, std::size_t end) const {
+    std::size_t word = begin;
+    for (std::size_t i = begin; i < end; ++i) {
+        const auto byte = static_cast<unsigned char>(text_[i]);
+        // Lines may be broken at white space and, near enough, in all writing of three bytes a character.
+        if (byte <= ' ' || byte >= 0xE0)
+            word = i + 1;
+        else if (i - word >= longestWord)
+            return startOfCharacter(text_, i);
+    }
+    return end;
 }
 
 std::size_t TextBlocks::forcedCut(std::size_t begin, std::size_t limit) const {
     const std::size_t space = text_.rfind(' ', limit - 1);
     if (space != std::string::npos && space > begin)
         return space + 1;
-    std::size_t cut = limit;
-    while (cut > begin + 1 && (static_cast<unsigned char>(text_[cut]) & 0xC0) == 0x80)
-        --cut;
-    return cut;
+    return std::max(begin + 1, startOfCharacter(text_, limit));
 }
 
 void TextBlocks::replace(std::size_t begin, std::size_t removed, const std::string& inserted) {
@@ -130,6 +158,7 @@ void TextBlocks::replace(std::size_t begin, std::size_t removed, const std::stri
 const TextLayout& TextBlocks::layoutOf(Block& block) {
     block.lastUse = ++useCounter_;
     if (!block.layout) {
+        ++layoutsMade_;
         block.layout = std::make_unique<TextLayout>(text_.substr(block.begin, block.end - block.begin),
                                                     style_, std::max(1.0, width_));
         block.size = block.layout->size();

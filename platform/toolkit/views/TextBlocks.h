@@ -24,7 +24,9 @@ public:
 
     static constexpr std::size_t blockBytes = 4096;
     /// How much of a text is measured at once.
-    static constexpr std::size_t measuredBytes = 32768;
+    static constexpr std::size_t measuredBytes = 16384;
+    /// The longest word that is kept in one piece: the time to break one into lines grows with its square.
+    static constexpr std::size_t longestWord = 256;
     /// How many blocks keep their layouts.
     static constexpr std::size_t keptLayouts = 8;
 
@@ -52,6 +54,8 @@ public:
     Rect caretRect(std::size_t index);
     /// The index nearest to a point.
     std::size_t indexAt(Point point);
+    /// How many blocks have been laid out so far: what the text has cost.
+    std::uint64_t layoutsMade() const { return layoutsMade_; }
 
 private:
     struct Block;
@@ -60,6 +64,7 @@ private:
     std::vector<Block> split(std::size_t begin, std::size_t end) const;
     Block makeBlock(std::size_t begin, std::size_t end) const;
     std::size_t forcedCut(std::size_t begin, std::size_t limit) const;
+    std::size_t endlessWord(std::size_t begin, std::size_t end) const;
     const TextLayout& layoutOf(Block& block);
     void dropOldLayouts();
     double heightOf(const Block& block) const;
@@ -73,6 +78,7 @@ private:
     double bytesPerLine_ = 40; // a guess until something is measured
     std::vector<Block> blocks_;
     std::uint64_t useCounter_ = 0;
+    std::uint64_t layoutsMade_ = 0;
 };
 
 } // namespace toolkit
