@@ -163,6 +163,7 @@ void TouchDispatcher::deliverToView(Active& active) {
     const Touch touch = active.touch;
     switch (touch.phase) {
     case TouchPhase::Began:
+        active.viewBegan = true;
         view->touchesBegan(touch);
         break;
     case TouchPhase::Moved:
@@ -189,7 +190,8 @@ void TouchDispatcher::recognized(UIGestureRecognizer& winner) {
             rival->fail();
     }
     UIView* view = active->touch.view.get();
-    if (!view || std::exchange(active->viewCancelled, true))
+    // A touch that was won before the view heard of it is none of the view's business.
+    if (std::exchange(active->viewCancelled, true) || !active->viewBegan || !view)
         return;
     const auto kept = view->weak_from_this().lock();
     Touch touch = active->touch;

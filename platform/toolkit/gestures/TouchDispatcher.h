@@ -31,6 +31,7 @@ private:
     struct Active {
         Touch touch;
         std::vector<std::weak_ptr<UIGestureRecognizer>> recognizers;
+        bool viewBegan = false;
         bool viewCancelled = false;
         bool over = false; // the finger is gone; nothing more is delivered
     };

@@ -133,23 +133,6 @@ void UIView::animate(double duration, double delay, AnimationCurve curve,
     AnimationEngine::shared().animate(duration, delay, curve, animations, std::move(completion));
 }
 
-void UIView::transitionCrossDissolve(UIView& view, double duration, const std::function<void()>& changes,
-                                     AnimationCompletion completion) {
-    auto& engine = AnimationEngine::shared();
-    engine.withoutAnimation(changes);
-    Layer::BasicAnimation fade{LayerProperty::Opacity, 0.0, view.layer_->presented(LayerProperty::Opacity)};
-    fade.duration = duration;
-    view.layer_->addAnimation("crossDissolve", fade);
-    // A layer that nobody sees carries the time: the view's own may be changed or go without ending it.
-    auto clock = std::make_shared<Layer>();
-    engine.animate(
-        duration, 0, AnimationCurve::Linear, [&clock] { clock->setOpacity(0); },
-        [clock, completion = std::move(completion)](bool finished) {
-            if (completion)
-                completion(finished);
-        });
-}
-
 // ---- Touches
 
 void UIView::addGestureRecognizer(std::shared_ptr<UIGestureRecognizer> recognizer) {

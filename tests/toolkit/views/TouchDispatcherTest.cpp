@@ -159,6 +159,24 @@ TEST_F(TouchDispatcherTest, MovesARecogniserToTheViewThatItIsAddedToLast) {
     EXPECT_EQ(pan->view(), outer.get());
 }
 
+/// Has every touch from its first moment.
+class GrippingRecognizer : public UIGestureRecognizer {
+public:
+    using UIGestureRecognizer::UIGestureRecognizer;
+    void touchBegan(const Touch&) override { transitionTo(GestureState::Began); }
+    void touchMoved(const Touch&) override { transitionTo(GestureState::Changed); }
+    void touchEnded(const Touch&) override { transitionTo(GestureState::Ended); }
+    void touchCancelled(const Touch&) override { transitionTo(GestureState::Cancelled); }
+};
+
+TEST_F(TouchDispatcherTest, TellsAViewNothingOfATouchThatWasWonBeforeIt) {
+    recognizer<GrippingRecognizer>(*outer, outerTarget);
+    down({110, 120}, 0);
+    move({120, 120}, 0.1);
+    up(0.2);
+    EXPECT_THAT(transcript.take(), ElementsAre("outer Began", "outer Changed", "outer Ended"));
+}
+
 // ---- What goes while a finger is down
 
 TEST_F(TouchDispatcherTest, CancelsARecogniserThatIsTakenFromItsView) {

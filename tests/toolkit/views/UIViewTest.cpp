@@ -323,6 +323,26 @@ TEST_F(UIViewTest, CrossDissolvesWithItsChangesMadeAtOnce) {
     EXPECT_FALSE(one->layer()->hasAnimations());
 }
 
+TEST_F(UIViewTest, FadesAPictureOfTheOldLookOutInFrontOfTheNew) {
+    const auto root = view({0, 0, 100, 100}), one = view({10, 20, 30, 40}), last = view({0, 0, 1, 1});
+    root->addSubview(one);
+    root->addSubview(last);
+    one->setBackgroundColor(Color::rgba(1, 0, 0));
+    UIView::transitionCrossDissolve(*one, 1, [&] { one->setBackgroundColor(Color::rgba(0, 0, 1)); });
+    ASSERT_EQ(root->layer()->sublayers().size(), 3u);
+    const auto cover = root->layer()->sublayers()[1];
+    EXPECT_EQ(cover->toParent().apply(cover->bounds()), (Rect{10, 20, 30, 40}));
+    ASSERT_NE(cover->contents(), nullptr);
+    EXPECT_EQ(cover->contents()->pixelWidth(), 60);
+    EXPECT_EQ(cover->contents()->pixels()[0], 0) << "blue";
+    EXPECT_EQ(cover->contents()->pixels()[2], 255) << "red";
+    loop.advance(0.25);
+    EXPECT_EQ(cover->presented(LayerProperty::Opacity), AnimatableValue(0.75));
+    EXPECT_EQ(one->layer()->presented(LayerProperty::Opacity), AnimatableValue(0.25));
+    loop.advance(1);
+    EXPECT_THAT(layers(*root), ElementsAre(one->layer().get(), last->layer().get()));
+}
+
 TEST_F(UIViewTest, CompletesACrossDissolveOfAViewThatWent) {
     auto one = view({0, 0, 100, 100});
     int completions = 0;
