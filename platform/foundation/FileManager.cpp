@@ -1,5 +1,6 @@
 #include "platform/foundation/FileManager.h"
 
+#include "platform/foundation/DecodedFiles.h"
 #include "platform/foundation/FileDescriptor.h"
 #include "platform/foundation/PropertyListCoding.h"
 
@@ -267,15 +268,18 @@ bool FileManager::removeFile(const std::string& devicePath) const {
     return place && statusOf(*place) && unlinkat(place->directory.number(), place->entry(), 0) == 0;
 }
 
-std::optional<PropertyList::Dictionary> FileManager::readDictionary(const std::string& devicePath) const {
-    const PropertyListLimits limits;
-    const auto bytes = read(devicePath, limits.maximumBytes);
+std::shared_ptr<const PropertyList::Dictionary>
+FileManager::sharedDictionary(const std::string& devicePath) const {
+    static auto& decoded = *new DecodedFiles; // never torn down
+    auto bytes = read(devicePath, PropertyListLimits().maximumBytes);
     if (!bytes)
-        return std::nullopt;
-    auto value = decodePropertyList(*bytes, limits);
-    if (!value || !value->dictionary())
-        return std::nullopt;
-    return std::move(*value->dictionary());
+        return nullptr;
+    return decoded.decode(devicePath, std::move(*bytes));
+}
+
+std::optional<PropertyList::Dictionary> FileManager::readDictionary(const std::string& devicePath) const {
+    const auto dictionary = sharedDictionary(devicePath);
+    return dictionary ? std::optional(*dictionary) : std::nullopt;
 }
 
 bool FileManager::writeDictionaryAtomically(const std::string& devicePath,

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -48,7 +49,10 @@ public:
     /// Removes what is no directory. True when it stood there and is gone.
     bool removeFile(const std::string& devicePath) const;
 
-    /// A property-list file whose top level is a dictionary; nothing otherwise.
+    /// A property-list file whose top level is a dictionary, read now; null otherwise. Bytes that were
+    /// decoded before are not decoded again.
+    std::shared_ptr<const PropertyList::Dictionary> sharedDictionary(const std::string& devicePath) const;
+    /// The same as a copy to change.
     std::optional<PropertyList::Dictionary> readDictionary(const std::string& devicePath) const;
     bool writeDictionaryAtomically(const std::string& devicePath,
                                    const PropertyList::Dictionary& value) const;

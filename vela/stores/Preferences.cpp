@@ -15,7 +15,7 @@ VelaSettingsManager& VelaSettingsManager::sharedInstance() {
 }
 
 PropertyList VelaSettingsManager::getPreferenceForKey(const std::string& key) const {
-    const auto preferences = FileManager::shared().readDictionary(paths::preferences);
+    const auto preferences = FileManager::shared().sharedDictionary(paths::preferences);
     if (!preferences)
         return {};
     auto found = preferences->find(key);
