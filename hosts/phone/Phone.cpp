@@ -40,6 +40,7 @@ struct Phone::State {
     void frontChanged();
     void endTyping();
     void leaveFront();
+    void closeSwitcher();
     void setDisplayOn(bool on);
     void showLockScreen();
     void changeVolume(int steps);
@@ -87,7 +88,9 @@ bool Phone::State::updateInterfaceOrientation() {
 
 void Phone::State::frontChanged() {
     const auto& front = stage->front();
-    screens->statusBar->setStyle(front ? front->description().statusBarStyle : StatusBarStyle::LightContent);
+    const bool overApplication = front && !screens->switcherWindow->isOpen();
+    screens->statusBar->setStyle(overApplication ? front->description().statusBarStyle
+                                                 : StatusBarStyle::LightContent);
     WindowServer::shared().setKeyWindow(front ? front->window().get() : screens->homeWindow.get());
     const auto nowActive = displayOn && !locked ? front : nullptr;
     if (nowActive == active)
@@ -118,6 +121,11 @@ void Phone::State::leaveFront() {
     frontChanged();
 }
 
+void Phone::State::closeSwitcher() {
+    screens->switcherWindow->close();
+    frontChanged();
+}
+
 void Phone::State::setDisplayOn(bool on) {
     displayOn = on;
     screens->displayOffWindow->setHidden(on);
@@ -126,6 +134,7 @@ void Phone::State::setDisplayOn(bool on) {
 
 void Phone::State::showLockScreen() {
     locked = true;
+    screens->switcherWindow->close();
     screens->lockScreen->reset();
     screens->lockWindow->setAlpha(1);
     screens->lockWindow->setHidden(false);
@@ -180,6 +189,10 @@ void Phone::finishLaunching() {
     state_->screens = std::make_unique<PhoneScreens>(
         *state_->stage, state_->clock, state_->isTablet(),
         PhoneScreenActions{[this](const std::string& identifier) { openApplication(identifier); },
+                           [this](const std::string& identifier) {
+                               if (!openApplication(identifier))
+                                   state_->closeSwitcher();
+                           },
                            [this] { unlock(); }, keyboardFrameChanged});
     state_->frontChanged();
 }
@@ -211,6 +224,8 @@ bool Phone::openApplication(const std::string& bundleIdentifier) {
     const auto application = state_->stage->find(bundleIdentifier);
     if (!application)
         return false;
+    const bool fromSwitcher = state_->screens->switcherWindow->isOpen();
+    state_->closeSwitcher();
     if (application == state_->stage->front())
         return true;
     state_->endTyping();
@@ -221,7 +236,7 @@ bool Phone::openApplication(const std::string& bundleIdentifier) {
         state_->locked ? before
                        : chooseInterfaceOrientation(UIDevice::currentDevice().orientation(), before,
                                                     application->description().orientations);
-    const bool zooms = before == after && !state_->locked;
+    const bool zooms = before == after && !state_->locked && !fromSwitcher;
     state_->stage->open(application, origin, zooms ? StageTransition::Zoomed : StageTransition::Immediate);
     state_->updateInterfaceOrientation();
     state_->frontChanged();
@@ -362,7 +377,13 @@ bool Phone::pressHome() {
         state_->setDisplayOn(true);
         return true;
     }
-    if (state_->locked || !state_->stage->front())
+    if (state_->locked)
+        return false;
+    if (state_->screens->switcherWindow->isOpen()) {
+        state_->closeSwitcher();
+        return true;
+    }
+    if (!state_->stage->front())
         return false;
     state_->leaveFront();
     return true;
@@ -371,7 +392,16 @@ bool Phone::pressHome() {
 bool Phone::pressHomeTwice() {
     if (!state_->displayOn || state_->locked)
         return pressHome();
-    return false;
+    if (state_->screens->switcherWindow->isOpen()) {
+        state_->closeSwitcher();
+        return true;
+    }
+    if (state_->stage->recent().empty())
+        return false;
+    state_->endTyping();
+    state_->screens->switcherWindow->open(*state_->stage);
+    state_->frontChanged();
+    return true;
 }
 
 void Phone::displayTurnedOff() {

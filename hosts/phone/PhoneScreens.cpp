@@ -31,6 +31,7 @@ PhoneScreens::PhoneScreens(const ApplicationStage& stage, WallClock& clock, bool
                            PhoneScreenActions actions) {
     const auto wallpaper = drawWallpaper(wallpaperSize(tablet), UIScreen::mainScreen().scale());
     makeHome(stage, clock, tablet, wallpaper, actions.open);
+    switcherWindow = std::make_shared<SwitcherWindow>(wallpaper, std::move(actions.choose));
     makeLock(clock, wallpaper, std::move(actions.unlock));
     makeOverlays(clock, std::move(actions.keyboardFrameChanged));
     fitScreen();
@@ -83,6 +84,7 @@ void PhoneScreens::fitScreen() {
     statusBarWindow->setFrame({0, 0, screen.width, StatusBar::height});
     for (const auto& window : {homeWindow, lockWindow, displayOffWindow})
         window->fitScreen();
+    switcherWindow->fitScreen();
     keyboardWindow->fitScreen();
     volumeWindow->fitScreen();
 }

@@ -2,6 +2,7 @@
 // are the ApplicationStage's.
 #pragma once
 
+#include "hosts/phone/SwitcherWindow.h"
 #include "hosts/phone/WallClock.h"
 #include "hosts/phone/applications/ApplicationStage.h"
 #include "hosts/phone/screens/HomeScreen.h"
@@ -17,6 +18,8 @@ namespace phone {
 /// What the screens ask of the phone.
 struct PhoneScreenActions {
     std::function<void(const std::string& bundleIdentifier)> open;
+    /// A choice in the switcher; empty to leave everything as it was.
+    std::function<void(const std::string& bundleIdentifier)> choose;
     std::function<void()> unlock;
     std::function<void(toolkit::Rect)> keyboardFrameChanged;
 };
@@ -42,6 +45,7 @@ struct PhoneScreens {
     std::shared_ptr<SystemWindow> statusBarWindow;
     std::shared_ptr<SystemWindow> lockWindow;
     std::shared_ptr<KeyboardWindow> keyboardWindow;
+    std::shared_ptr<SwitcherWindow> switcherWindow;
     std::shared_ptr<VolumeWindow> volumeWindow;
     std::shared_ptr<SystemWindow> displayOffWindow;
 

@@ -1,5 +1,6 @@
 #include "hosts/phone/applications/InstalledApplications.h"
 
+#include "hosts/phone/applications/CalendarApplication.h"
 #include "hosts/phone/applications/ClockApplication.h"
 #include "hosts/phone/applications/MusicApplication.h"
 #include "hosts/phone/applications/NotesApplication.h"
@@ -9,9 +10,9 @@
 namespace phone {
 
 std::vector<std::shared_ptr<Application>> makeInstalledApplications(WallClock& clock) {
-    return {std::make_shared<ClockApplication>(clock), std::make_shared<MusicApplication>(),
-            std::make_shared<PhotosApplication>(), std::make_shared<NotesApplication>(clock),
-            std::make_shared<SettingsApplication>()};
+    return {std::make_shared<CalendarApplication>(clock), std::make_shared<ClockApplication>(clock),
+            std::make_shared<MusicApplication>(),         std::make_shared<PhotosApplication>(),
+            std::make_shared<NotesApplication>(clock),    std::make_shared<SettingsApplication>()};
 }
 
 bool liesInDock(const Application& application) {

@@ -10,17 +10,20 @@ namespace phone {
 namespace {
 
 const Color tint = Color::rgba(0.86, 0.58, 0.04);
-constexpr double widestText = 640; // points; longer lines are hard to read
+constexpr double textFieldMargin = 7, textViewMargin = 5; // points, the toolkit's own
+constexpr double widestText = 640;                        // points; longer lines are hard to read
 
 const char* const firstNote =
     "Take the early ferry and walk along the cliffs before the wind comes up.\n"
     "\n"
-    "•  Bread, olives and oranges from the market\n"
+    "•  Bread, olives and oranges\n"
     "•  Ask Mira for the map of the old path\n"
     "•  Film for the camera, two rolls\n"
     "\n"
     "The lighthouse keeper opens the tower at four. From up there one sees both bays "
-    "and, on a clear day, the islands.";
+    "and, on a clear day, the islands.\n"
+    "\n"
+    "Last boat back at half past seven.";
 
 } // namespace
 
@@ -74,7 +77,7 @@ void NotesView::layoutSubviews() {
         date_->setFrame({left, y, width, 16});
         y += 26;
     }
-    title_->setFrame({left + 5, y, width - 10, 34});
+    title_->setFrame({left - textFieldMargin + textViewMargin, y, width, 34});
     y += 40;
     text_->setFrame({left, y, width, std::max(40.0, size.height - y - keyboardHeight_ - 4)});
 }

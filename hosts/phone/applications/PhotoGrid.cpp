@@ -28,10 +28,10 @@ RUNTIME_REGISTER_CLASS(PhotoGrid)
 
 PhotoGrid::PhotoGrid(int count, std::function<void(int, Rect)> chosen) : chosen_(std::move(chosen)) {
     setBackgroundColor(Color::white(1));
-    const int first = count / 3, second = count / 3;
-    addSection("By the water", "March 19", 0, first);
-    addSection("Weekend in the hills", "March 12 – 13", first, second);
-    addSection("Winter", "January – February", first + second, count - first - second);
+    const int recent = count * 3 / 10, earlier = count * 4 / 10;
+    addSection("Saturday", "March 19", 0, recent);
+    addSection("Out and about", "March 5 – 13", recent, earlier);
+    addSection("Winter", "January – February", recent + earlier, count - recent - earlier);
     auto tap = std::make_shared<UITapGestureRecognizer>(nullptr, runtime::Selector("tapped:"));
     tap->addHandler([this](UIGestureRecognizer& recognizer) {
         if (recognizer.state() == GestureState::Ended)

@@ -49,10 +49,10 @@ void PhotoViewer::layoutSubviews() {
     if (size == drawn_ || size.isEmpty())
         return;
     drawn_ = size;
-    // Pictures are square to slightly wide; they fill the width of an upright screen.
+    // A picture is drawn for the way the screen stands: high on an upright one, wide on one that lies.
     const double side = std::min(size.width, size.height);
-    const Size picture =
-        size.width > size.height ? Size{std::min(size.width, side * 1.5), side} : Size{side, side};
+    const Size picture = size.width > size.height ? Size{std::min(size.width, side * 1.5), side}
+                                                  : Size{side, std::min(size.height, side * 1.25)};
     picture_->setTransform({});
     picture_->setFrame({(size.width - picture.width) / 2, (size.height - picture.height) / 2, picture.width,
                         picture.height});

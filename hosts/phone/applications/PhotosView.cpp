@@ -8,7 +8,7 @@ namespace phone {
 
 namespace {
 
-constexpr int photoCount = 42;
+constexpr int photoCount = 40;
 constexpr double openDuration = 0.3; // seconds
 const Color tint = Color::rgba(0.0, 0.46, 0.95);
 

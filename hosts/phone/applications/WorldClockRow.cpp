@@ -22,6 +22,8 @@ std::string dayWord(const std::tm& there, const std::tm& here) {
 }
 
 std::string differenceText(long seconds) {
+    if (seconds == 0)
+        return "same time";
     char text[32];
     const long minutes = std::labs(seconds) / 60;
     if (minutes % 60)

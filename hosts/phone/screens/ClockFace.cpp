@@ -57,8 +57,8 @@ void ClockFace::setTime(const std::tm& time) {
 void ClockFace::layoutSubviews() {
     const Point middle = bounds().center();
     const double radius = std::min(bounds().width, bounds().height) / 2;
-    hour_->place(middle, radius * 0.50, radius * 0.08, std::max(2.5, radius * 0.055));
-    minute_->place(middle, radius * 0.74, radius * 0.08, std::max(2.0, radius * 0.042));
+    hour_->place(middle, radius * 0.50, 0, std::max(2.5, radius * 0.055));
+    minute_->place(middle, radius * 0.74, 0, std::max(2.0, radius * 0.042));
     second_->place(middle, radius * 0.82, radius * 0.18, std::max(1.0, radius * 0.016));
 }
 
@@ -87,7 +87,7 @@ void ClockFace::drawContent(Canvas& canvas, Rect bounds) {
                                           : hour  ? 0.6
                                                   : 0.3));
     }
-    const double pin = std::max(2.5, radius * 0.05);
+    const double pin = std::max(2.5, radius * 0.055);
     canvas.fillPath(Path::ellipse({middle.x - pin, middle.y - pin, 2 * pin, 2 * pin}), marks);
 }
 

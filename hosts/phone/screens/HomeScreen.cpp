@@ -13,6 +13,7 @@ namespace {
 
 constexpr double designHeight = 667; // points; the vertical measures below are those of this screen
 constexpr double cardInset = 14;
+constexpr double columns = 4; // of icons
 
 } // namespace
 
@@ -81,22 +82,19 @@ void HomeScreen::layoutSubviews() {
     const double dockHeight = Dock::heightFor(iconSize_);
     dock_->setFrame({0, size.height - dockHeight, size.width, dockHeight});
 
-    const double rowHeight = iconSize_.height + HomeIcon::labelGap + HomeIcon::labelHeight;
-    const double iconsTop = size.height - dockHeight - rowHeight - 34 * scale;
-    const double columns = 4;
     const double gap = (size.width - columns * iconSize_.width) / (columns + 1);
+    const double cardWidth = std::min(size.width - 2 * gap, 600.0);
+    const Rect card{(size.width - cardWidth) / 2,
+                    layoutDay(StatusBar::height + 14 * scale, scale) + 16 * scale, cardWidth, 252 * scale};
+    card_->setFrame(card);
+    month_->setFrame(Rect{0, 0, card.width, card.height}.insetBy(cardInset, cardInset * 0.7));
+
+    const double rowHeight = iconSize_.height + HomeIcon::labelGap + HomeIcon::labelHeight;
     double x = gap;
     for (const auto& icon : pageIcons_) {
-        icon->setFrame({x, iconsTop, iconSize_.width, rowHeight});
+        icon->setFrame({x, card.maxY() + 28 * scale, iconSize_.width, rowHeight});
         x += iconSize_.width + gap;
     }
-
-    const double cardTop = layoutDay(StatusBar::height + 16 * scale, scale) + 18 * scale;
-    const double cardWidth = std::min(size.width - 2 * std::min(gap, 27.0), 420.0);
-    const double cardHeight = iconsTop - 28 * scale - cardTop;
-    card_->setHidden(cardHeight < 120); // too small to be read
-    card_->setFrame({(size.width - cardWidth) / 2, cardTop, cardWidth, std::max(0.0, cardHeight)});
-    month_->setFrame(Rect{0, 0, cardWidth, std::max(0.0, cardHeight)}.insetBy(cardInset, cardInset * 0.7));
 }
 
 double HomeScreen::layoutDay(double top, double scale) {

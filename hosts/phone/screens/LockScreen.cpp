@@ -46,6 +46,7 @@ LockScreen::LockScreen(std::shared_ptr<const Image> wallpaper, WallClock& clock,
     : clock_(clock),
       unlock_(std::move(unlock)),
       wallpaper_(std::make_shared<UIImageView>(Rect(), std::move(wallpaper))),
+      statusBar_(std::make_shared<StatusBar>(clock)),
       content_(std::make_shared<UIView>()),
       time_(makeLabel("", Font::system(84, FontWeight::Thin), Color::white(1), TextAlignment::Center)),
       day_(makeLabel("", Font::system(20), Color::white(1), TextAlignment::Center)),
@@ -55,6 +56,8 @@ LockScreen::LockScreen(std::shared_ptr<const Image> wallpaper, WallClock& clock,
     wallpaper_->setContentMode(ContentGravity::AspectFill);
     addSubview(wallpaper_);
     addSubview(content_);
+    addSubview(statusBar_);
+    statusBar_->setTimeShown(false);
     content_->addSubview(time_);
     content_->addSubview(day_);
     content_->addSubview(hint_);
@@ -102,6 +105,7 @@ void LockScreen::handlePan(UIPanGestureRecognizer& pan) {
 void LockScreen::layoutSubviews() {
     const Size size = bounds().size();
     wallpaper_->setFrame({0, 0, size.width, size.height});
+    statusBar_->setFrame({0, 0, size.width, StatusBar::height});
     content_->setBounds({0, 0, size.width, size.height});
     content_->setCenter({size.width / 2, size.height / 2});
     const double scale = std::clamp(std::min(size.width, size.height) / 375, 0.8, 1.35);

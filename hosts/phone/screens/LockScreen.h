@@ -2,6 +2,7 @@
 #pragma once
 
 #include "hosts/phone/WallClock.h"
+#include "hosts/phone/screens/StatusBar.h"
 #include "platform/toolkit/views/UIImageView.h"
 #include "platform/toolkit/views/UILabel.h"
 
@@ -36,6 +37,7 @@ private:
     WallClock& clock_;
     std::function<void()> unlock_;
     std::shared_ptr<toolkit::UIImageView> wallpaper_;
+    std::shared_ptr<StatusBar> statusBar_;
     std::shared_ptr<toolkit::UIView> content_;
     std::shared_ptr<toolkit::UILabel> time_;
     std::shared_ptr<toolkit::UILabel> day_;
