@@ -14,6 +14,7 @@ using toolkit::Size;
 
 /// How much smaller than possible the picture may become for the sake of whole pixels.
 constexpr double snapRange = 1.15;
+constexpr double leastScale = 0.05;
 
 double snapped(double scale, double pixelsPerUnit, double screenScale) {
     const double pixelRatio = scale * pixelsPerUnit / screenScale;
@@ -38,21 +39,21 @@ AffineTransform bodyMap(const DevicePicture& picture, const DeviceLayout& layout
 
 } // namespace
 
-DeviceLayout DeviceLayout::fit(const DevicePicture& picture, Size area, double angle, double pixelsPerUnit,
-                               double screenScale) {
+DeviceLayout DeviceLayout::fit(const DevicePicture& picture, const Fitting& fitting) {
     const double width = picture.bodySize().width + 2 * DevicePicture::margin;
     const double height = picture.bodySize().height + 2 * DevicePicture::margin;
-    const double cosine = std::abs(std::cos(angle)), sine = std::abs(std::sin(angle));
+    const double cosine = std::abs(std::cos(fitting.fittedAngle));
+    const double sine = std::abs(std::sin(fitting.fittedAngle));
     const Size turned{width * cosine + height * sine, width * sine + height * cosine};
+    const double pixelsPerUnit = fitting.pixelsPerUnit;
 
     DeviceLayout layout;
-    layout.angle = angle;
-    layout.center = {area.width / 2, area.height / 2};
-    layout.scale = std::max(0.05, std::min(area.width / turned.width, area.height / turned.height));
-    if (isQuarterTurn(angle))
-        layout.scale = snapped(layout.scale, pixelsPerUnit, screenScale);
+    layout.angle = fitting.angle;
+    layout.center = {fitting.area.width / 2, fitting.area.height / 2};
+    const double largest = std::min(fitting.area.width / turned.width, fitting.area.height / turned.height);
+    layout.scale = snapped(std::max(leastScale, largest), pixelsPerUnit, fitting.screenScale);
     layout.bodyToArea = bodyMap(picture, layout);
-    if (isQuarterTurn(angle)) {
+    if (isQuarterTurn(fitting.angle)) {
         // A corner of the screen on a corner of a pixel.
         const Point corner = layout.bodyToArea.apply(picture.screen().origin());
         layout.center.x += std::round(corner.x * pixelsPerUnit) / pixelsPerUnit - corner.x;

@@ -19,11 +19,19 @@ struct DeviceLayout {
     double angle = 0;
     toolkit::AffineTransform bodyToArea;
 
-    /// Fits the picture into `area`. `pixelsPerUnit` is the window's own scale and `screenScale` the phone's:
-    /// where the phone's pixels come out nearly as large as whole pixels of the window, or half as large,
-    /// they are made exactly so.
-    static DeviceLayout fit(const DevicePicture& picture, toolkit::Size area, double angle,
-                            double pixelsPerUnit, double screenScale);
+    /// How the picture lies in its area, and what it is fitted to.
+    struct Fitting {
+        toolkit::Size area;
+        double angle = 0; // radians
+        /// The angle that the picture is to fit at: that which a turn ends with, for it keeps its size
+        /// meanwhile.
+        double fittedAngle = 0;
+        double pixelsPerUnit = 1; // the window's own scale
+        double screenScale = 1;   // the phone's
+    };
+    /// Fits the picture into its area. Where the phone's pixels come out nearly as large as whole pixels of
+    /// the window, or half as large, they are made exactly so.
+    static DeviceLayout fit(const DevicePicture& picture, const Fitting& fitting);
 
     /// The angle of a phone that is held so; nothing for lying flat and unknown.
     static std::optional<double> angleOf(toolkit::DeviceOrientation orientation);

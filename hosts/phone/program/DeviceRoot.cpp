@@ -1,14 +1,15 @@
 #include "hosts/phone/program/DeviceRoot.h"
 
 #include "hosts/phone/program/ProgramError.h"
+#include "hosts/phone/program/ResourceCopy.h"
 #include "platform/foundation/FileManager.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 
 namespace phone {
 
@@ -16,7 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* pluginDirectory = "/Library/Application Support/Vela/Plugins";
 /// What a device has before anything is installed on it.
 constexpr std::array standardDirectories{"/var/mobile/Library/Preferences", "/var/mobile/Documents", "/tmp"};
 
@@ -29,80 +29,18 @@ fs::path freshTemporaryRoot() {
 }
 
 /// Whether files can be made in a directory of the device. Permissions alone do not tell: the disk may be
-/// full or read-only.
+/// read-only.
 bool isWritable(const std::string& devicePath) {
-    auto& files = foundation::FileManager::shared();
-    const std::string probe = devicePath + "/.probe-" + std::to_string(getpid());
-    constexpr std::array<std::uint8_t, 1> byte{0};
-    return files.writeAtomically(probe, byte) && files.removeFile(probe);
+    const auto probe =
+        foundation::FileManager::shared().realPath(devicePath + "/.probe-" + std::to_string(getpid()));
+    if (!probe)
+        return false;
+    const int file = open(probe->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (file < 0)
+        return false;
+    close(file);
+    return unlink(probe->c_str()) == 0;
 }
-
-/// Copies files of the project to the device, by way of FileManager so that nothing leaves the root.
-class ResourceCopy {
-public:
-    /// Adds what is missing below `devicePath`. Plug-in folders are added whole or not at all.
-    void addMissing(const fs::path& source, const std::string& devicePath) {
-        std::error_code error;
-        for (const auto& entry : fs::directory_iterator(source, error)) {
-            const std::string target = devicePath + "/" + entry.path().filename().string();
-            if (entry.is_regular_file(error))
-                addFile(entry.path(), target);
-            else if (entry.is_directory(error) && devicePath == pluginDirectory)
-                addFolder(entry.path(), target);
-            else if (entry.is_directory(error))
-                addDirectory(entry.path(), target);
-        }
-        if (error)
-            fail(source.string());
-    }
-
-private:
-    [[noreturn]] static void fail(const std::string& name) {
-        throw ProgramError("the device root cannot be filled: " + name);
-    }
-
-    /// Whether anything stands at a device path. A symbolic link is nothing to the device, but it is not ours
-    /// to replace.
-    bool stands(const std::string& target) const {
-        return files_.fileExists(target) || !files_.realPath(target);
-    }
-
-    void addDirectory(const fs::path& source, const std::string& target) {
-        if (files_.createDirectories(target))
-            addMissing(source, target);
-        else if (!stands(target))
-            fail(target);
-    }
-
-    void addFile(const fs::path& source, const std::string& target) {
-        if (stands(target))
-            return;
-        std::ifstream stream(source, std::ios::binary);
-        const std::vector<char> bytes{std::istreambuf_iterator<char>(stream), {}};
-        if (!stream.is_open() || stream.bad())
-            fail(source.string());
-        const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
-        if (!files_.writeAtomically(target, {data, bytes.size()}))
-            fail(target);
-    }
-
-    /// Filled aside and renamed, so that a kill in between leaves no half plug-in.
-    void addFolder(const fs::path& source, const std::string& target) {
-        if (stands(target))
-            return;
-        const std::string aside = "/tmp/" + source.filename().string() + "." + std::to_string(getpid());
-        addDirectory(source, aside);
-        const auto from = files_.realPath(aside);
-        const auto to = files_.realPath(target);
-        std::error_code error;
-        if (from && to)
-            fs::rename(*from, *to, error);
-        if (!from || !to || error)
-            fail(target);
-    }
-
-    foundation::FileManager& files_ = foundation::FileManager::shared();
-};
 
 } // namespace
 
@@ -134,11 +72,14 @@ DeviceRoot::~DeviceRoot() {
 void DeviceRoot::fill(const fs::path& resources) const {
     std::error_code error;
     const fs::path device = resources / "device";
-    if (fs::is_directory(device, error))
-        ResourceCopy().addMissing(device, "");
-    else
+    if (!fs::is_directory(device, error)) {
         std::fprintf(stderr, "vela-phone: there are no resources in %s: the device stays empty\n",
                      device.c_str());
+        return;
+    }
+    // A disk that goes with the process need not outlive a loss of power.
+    ResourceCopy(device).addMissing(temporary_ ? ResourceCopy::Durability::None
+                                               : ResourceCopy::Durability::Synced);
 }
 
 } // namespace phone

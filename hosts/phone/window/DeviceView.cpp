@@ -119,8 +119,7 @@ bool DeviceView::stepRotation() {
 }
 
 void DeviceView::updateBody(double pixelsPerPoint) {
-    // While it turns the picture shrinks and grows by the frame; drawing it anew each time would be waste.
-    if (body_ && (angle_ != toAngle_ || pixelsPerPoint == bodyPixelsPerPoint_))
+    if (body_ && pixelsPerPoint == bodyPixelsPerPoint_)
         return;
     bodyPixelsPerPoint_ = pixelsPerPoint;
     const Size size = picture_.bodySize();
@@ -135,7 +134,7 @@ void DeviceView::updateBody(double pixelsPerPoint) {
 
 void DeviceView::draw(GtkSnapshot* snapshot, double width, double height) {
     const double pixelsPerUnit = gtk_widget_get_scale_factor(widget_);
-    layout_ = DeviceLayout::fit(picture_, {width, height}, angle_, pixelsPerUnit, screenScale_);
+    layout_ = DeviceLayout::fit(picture_, {{width, height}, angle_, toAngle_, pixelsPerUnit, screenScale_});
     updateBody(layout_.scale * pixelsPerUnit);
 
     const Size size = picture_.bodySize();

@@ -56,6 +56,8 @@ GtkWidget* newBadge(GtkAlign vertical) {
 }
 
 void addStyle() {
+    // The picture stands out best from dark surroundings.
+    g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme", TRUE, nullptr);
     GtkCssProvider* provider = gtk_css_provider_new();
     gtk_css_provider_load_from_data(
         provider,
