@@ -10,6 +10,15 @@ namespace {
 
 constexpr std::int64_t maximumShadowPixels = 64'000'000;
 
+/// A map that squeezes the plane flat, or carries everything out of sight, would put the painting library
+/// into an error for good.
+bool isUsable(const AffineTransform& t) {
+    constexpr double largest = 1e9, smallest = 1e-12;
+    const double determinant = std::abs(t.a * t.d - t.b * t.c);
+    const double reach = std::max({std::abs(t.a), std::abs(t.b), std::abs(t.c), std::abs(t.d)});
+    return determinant > smallest && reach < largest && std::abs(t.tx) < largest && std::abs(t.ty) < largest;
+}
+
 bool isUpright(const AffineTransform& t) {
     return t.b == 0 && t.c == 0 && t.a > 0 && t.d > 0;
 }
@@ -40,10 +49,7 @@ void CairoCanvas::restore() {
 }
 
 void CairoCanvas::concat(const AffineTransform& transform) {
-    // A map that squeezes the plane flat would put the context into an error for good; nothing shows then.
-    const double determinant = transform.a * transform.d - transform.b * transform.c;
-    if (!std::isfinite(determinant) || std::abs(determinant) < 1e-12 || !std::isfinite(transform.tx) ||
-        !std::isfinite(transform.ty)) {
+    if (!isUsable(transform)) {
         cairo_new_path(state_->cr());
         cairo_clip(state_->cr());
         return;
@@ -163,6 +169,7 @@ void CairoCanvas::State::setImage(const Image& image, const Rect& into, ImageFil
 }
 
 void CairoCanvas::State::drawImage(const Image& image, Rect into, double opacity, ImageFilter filter) {
+    into = boundedForCairo(into);
     if (into.isEmpty() || !(opacity > 0))
         return;
     cairo_save(cr());
@@ -220,6 +227,8 @@ void CairoCanvas::drawShadow(Rect rect, double cornerRadius, double blur, Size o
     rect = rect.offsetBy(offset.width, offset.height);
     // Upright shadows are made in device pixels; others at the same scale, and turned as a picture.
     const Rect shape = upright ? t.apply(rect) : Rect{0, 0, rect.width * scale, rect.height * scale};
+    if (!std::isfinite(shape.x + shape.y + shape.width + shape.height))
+        return;
     const int left = static_cast<int>(std::lround(std::clamp(shape.x, -1e6, 1e6)));
     const int top = static_cast<int>(std::lround(std::clamp(shape.y, -1e6, 1e6)));
     const auto side = [](double length) {

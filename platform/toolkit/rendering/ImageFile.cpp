@@ -48,6 +48,7 @@ bool isWithinLimits(int width, int height) {
 
 struct Decoding {
     bool tooLarge = false;
+    int decodedRows = 0; // up to the lowest one
 };
 
 void sizePrepared(GdkPixbufLoader* loader, int width, int height, gpointer data) {
@@ -57,12 +58,27 @@ void sizePrepared(GdkPixbufLoader* loader, int width, int height, gpointer data)
     gdk_pixbuf_loader_set_size(loader, 0, 0); // the loaders take this as the order to give up
 }
 
+void areaUpdated(GdkPixbufLoader*, int, int y, int, int height, gpointer data) {
+    auto& decoding = *static_cast<Decoding*>(data);
+    decoding.decodedRows = std::max(decoding.decodedRows, y + height);
+}
+
+/// Whether a PNG file has its last chunk; the loader is content with less, and leaves the rest of the picture
+/// to whatever lay in its memory.
+bool hasEnd(std::span<const std::uint8_t> bytes) {
+    using namespace std::string_view_literals;
+    constexpr auto end = "IEND\xae\x42\x60\x82"sv;
+    const auto same = [](std::uint8_t byte, char c) { return byte == static_cast<std::uint8_t>(c); };
+    return std::search(bytes.begin(), bytes.end(), end.begin(), end.end(), same) != bytes.end();
+}
+
 PixbufPointer decode(std::span<const std::uint8_t> bytes, const char* format) {
     const LoaderPointer loader(gdk_pixbuf_loader_new_with_type(format, nullptr));
     if (!loader)
         return nullptr;
     Decoding decoding;
     g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(sizePrepared), &decoding);
+    g_signal_connect(loader.get(), "area-updated", G_CALLBACK(areaUpdated), &decoding);
     // In small steps, so that nothing is decoded beyond the header of a picture that is too large.
     constexpr std::size_t step = 4096;
     bool intact = true;
@@ -73,7 +89,7 @@ PixbufPointer decode(std::span<const std::uint8_t> bytes, const char* format) {
     if (!intact || !closed || decoding.tooLarge)
         return nullptr;
     GdkPixbuf* pixbuf = gdk_pixbuf_loader_get_pixbuf(loader.get());
-    if (!pixbuf)
+    if (!pixbuf || decoding.decodedRows < gdk_pixbuf_get_height(pixbuf))
         return nullptr;
     return PixbufPointer(gdk_pixbuf_apply_embedded_orientation(pixbuf));
 }
@@ -125,7 +141,7 @@ std::shared_ptr<const Image> load(const std::string& devicePath, double scale) {
 
 std::shared_ptr<const Image> decodeImage(std::span<const std::uint8_t> bytes, double scale) {
     const char* format = formatOf(bytes);
-    if (!format)
+    if (!format || (format == std::string_view("png") && !hasEnd(bytes)))
         return nullptr;
     const PixbufPointer pixbuf = decode(bytes, format);
     return pixbuf ? imageOf(pixbuf.get(), scale) : nullptr;

@@ -105,7 +105,12 @@ std::string describe(GroupBlend blend) {
 template <typename... Arguments>
 void RecordingCanvas::add(const char* name, const Arguments&... arguments) {
     std::string text;
-    ((text += (text.empty() ? "" : " ") + describe(arguments)), ...);
+    const auto append = [&text](const std::string& argument) {
+        if (!text.empty())
+            text += ' ';
+        text += argument;
+    };
+    (append(describe(arguments)), ...);
     commands_.push_back({name, std::move(text)});
 }
 

@@ -36,7 +36,8 @@ public:
     void fillLinearGradient(Rect rect, Point from, Point to, const std::vector<GradientStop>& stops) override;
     void fillRadialGradient(Rect rect, Point center, double radius,
                             const std::vector<GradientStop>& stops) override;
-    void drawImage(const Image& image, Rect into, double opacity, ImageFilter filter) override;
+    void drawImage(const Image& image, Rect into, double opacity,
+                   ImageFilter filter = ImageFilter::Smooth) override;
     void drawText(const TextLayout& text, Point topLeft, Color color) override;
     void drawShadow(Rect rect, double cornerRadius, double blur, Size offset, Color color) override;
     void drawBackdrop(Rect rect, double cornerRadius, BackdropStyle style) override;

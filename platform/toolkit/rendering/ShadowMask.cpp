@@ -4,11 +4,18 @@ namespace toolkit {
 
 namespace {
 
-constexpr double largestSigma = 100;
+// In pixels; beyond these a shadow looks no different, and would take long to make.
+constexpr double largestSigma = 40;
+constexpr double largestRadius = 160;
 constexpr std::size_t keptSources = 16;
 
 int reachOf(double sigma) {
     return static_cast<int>(std::ceil(3 * sigma));
+}
+
+/// From 0 to `most`, also of what is no number.
+double bounded(double value, double most) {
+    return value > 0 ? std::min(value, most) : 0;
 }
 
 double roundedCoverage(double x, double y, double width, double height, double radius) {
@@ -90,8 +97,9 @@ std::shared_ptr<const ShadowMask::Source> keptSource(int width, int height, doub
 ShadowMask::ShadowMask(int width, int height, double cornerRadius, double sigma)
     : width_(std::max(1, width)), height_(std::max(1, height)) {
     // Quarter pixels are finer than the eye and let neighbouring sizes share.
-    sigma = std::round(std::clamp(sigma, 0.0, largestSigma) * 4) / 4;
-    const double radius = std::clamp(std::round(cornerRadius), 0.0, std::min(width_, height_) / 2.0);
+    sigma = std::round(bounded(sigma, largestSigma) * 4) / 4;
+    const double radius =
+        std::round(bounded(cornerRadius, std::min({width_ / 2.0, height_ / 2.0, largestRadius})));
     reach_ = reachOf(sigma);
     // Beyond this distance from a corner the shadow of an edge no longer changes along it.
     const int longest = 2 * (reach_ + static_cast<int>(std::ceil(radius)) + reach_) + 1;
