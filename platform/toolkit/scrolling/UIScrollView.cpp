@@ -1,6 +1,7 @@
 #include "platform/toolkit/scrolling/UIScrollView.h"
 
 #include "platform/foundation/RunLoop.h"
+#include "platform/toolkit/scrolling/ScrollIndicator.h"
 #include "platform/toolkit/scrolling/ScrollPanGestureRecognizer.h"
 #include "platform/toolkit/scrolling/ScrollPhysics.h"
 #include "platform/toolkit/windows/UIScreen.h"
@@ -109,6 +110,7 @@ void UIScrollView::setBounds(Rect bounds) {
 }
 
 void UIScrollView::offsetChanged() {
+    updateIndicators();
     if (delegate_)
         delegate_->scrollViewDidScroll(*this);
 }
@@ -211,6 +213,7 @@ void UIScrollView::beginDragging(const UIPanGestureRecognizer& pan) {
     }
     stopMotion();
     dragging_ = true;
+    showIndicators();
     const Limits edges = limits();
     const Point offset = contentOffset();
     const Size extent = bounds().size();
@@ -257,8 +260,10 @@ void UIScrollView::endDragging(Point velocity) {
     if (!self)
         return;
     dragging_ = false;
-    if (generation != generation_)
-        return; // the delegate has put the content somewhere itself
+    if (generation != generation_) { // the delegate has put the content somewhere itself
+        hideIndicators();
+        return;
+    }
     if (wanted.x != target.x)
         velocity.x = velocityTo(std::clamp(wanted.x, edges.low.x, edges.high.x), offset.x);
     if (wanted.y != target.y)
@@ -286,8 +291,11 @@ void UIScrollView::startDeceleration(Point velocity) {
     auto& loop = foundation::RunLoop::main();
     motionState_ = {AxisMotion(offset.x, velocity.x, edges.low.x, edges.high.x),
                     AxisMotion(offset.y, velocity.y, edges.low.y, edges.high.y), loop.now()};
-    if (motionState_.x.restTime() <= 0 && motionState_.y.restTime() <= 0)
+    if (motionState_.x.restTime() <= 0 && motionState_.y.restTime() <= 0) {
+        hideIndicators();
         return;
+    }
+    showIndicators();
     motion_ = loop.addDisplayLink([self = runtime::WeakPtr<UIScrollView>(this)](double now) {
         if (self)
             self->motionTick(now);
@@ -306,7 +314,11 @@ void UIScrollView::motionTick(double now) {
 void UIScrollView::stopMotion() {
     ++generation_;
     animatingOffset_ = false;
+    if (!isDecelerating())
+        return;
     motion_.reset();
+    if (!dragging_)
+        hideIndicators();
 }
 
 Point UIScrollView::velocityNow() const {
@@ -314,6 +326,48 @@ Point UIScrollView::velocityNow() const {
         return {};
     const double elapsed = foundation::RunLoop::main().now() - motionState_.begin;
     return {motionState_.x.velocityAfter(elapsed), motionState_.y.velocityAfter(elapsed)};
+}
+
+// Indicators
+
+void UIScrollView::setShowsHorizontalScrollIndicator(bool shows) {
+    showsHorizontal_ = shows;
+    if (!shows)
+        horizontalIndicator_.reset();
+}
+
+void UIScrollView::setShowsVerticalScrollIndicator(bool shows) {
+    showsVertical_ = shows;
+    if (!shows)
+        verticalIndicator_.reset();
+}
+
+void UIScrollView::showIndicators() {
+    using Direction = ScrollIndicator::Direction;
+    const Limits edges = limits();
+    if (showsHorizontal_ && edges.horizontal && !horizontalIndicator_)
+        horizontalIndicator_ = std::make_unique<ScrollIndicator>(*layer(), Direction::Horizontal);
+    if (showsVertical_ && edges.vertical && !verticalIndicator_)
+        verticalIndicator_ = std::make_unique<ScrollIndicator>(*layer(), Direction::Vertical);
+    updateIndicators();
+    if (horizontalIndicator_ && edges.horizontal)
+        horizontalIndicator_->show();
+    if (verticalIndicator_ && edges.vertical)
+        verticalIndicator_->show();
+}
+
+void UIScrollView::hideIndicators() {
+    if (horizontalIndicator_)
+        horizontalIndicator_->hide();
+    if (verticalIndicator_)
+        verticalIndicator_->hide();
+}
+
+void UIScrollView::updateIndicators() {
+    if (horizontalIndicator_)
+        horizontalIndicator_->update(-contentInset_.left, contentSize_.width + contentInset_.right);
+    if (verticalIndicator_)
+        verticalIndicator_->update(-contentInset_.top, contentSize_.height + contentInset_.bottom);
 }
 
 // Touches

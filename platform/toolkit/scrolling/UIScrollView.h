@@ -15,6 +15,7 @@ namespace toolkit {
 
 class UIScrollView;
 class UIPanGestureRecognizer;
+class ScrollIndicator;
 class ScrollPanGestureRecognizer;
 
 class ScrollViewDelegate {
@@ -52,8 +53,9 @@ public:
     void setScrollEnabled(bool enabled);
     bool showsHorizontalScrollIndicator() const { return showsHorizontal_; }
     bool showsVerticalScrollIndicator() const { return showsVertical_; }
-    void setShowsHorizontalScrollIndicator(bool shows) { showsHorizontal_ = shows; }
-    void setShowsVerticalScrollIndicator(bool shows) { showsVertical_ = shows; }
+    /// The indicators show while the user moves the content, on by default.
+    void setShowsHorizontalScrollIndicator(bool shows);
+    void setShowsVerticalScrollIndicator(bool shows);
     double zoomScale() const { return 1; }
     bool isDragging() const { return dragging_; }
     bool isDecelerating() const { return static_cast<bool>(motion_); }
@@ -94,6 +96,9 @@ private:
     void moveOffset(Point offset);
     void limitsChanged();
     void offsetChanged();
+    void showIndicators();
+    void hideIndicators();
+    void updateIndicators();
     Limits limits() const;
     Point clampedOffset(Point offset) const;
     Point roundedToPixel(Point offset) const;
@@ -109,6 +114,8 @@ private:
     Point dragStartTranslation_; // of the pan, where dragging began
     ScrollViewDelegate* delegate_ = nullptr;
     std::shared_ptr<UIPanGestureRecognizer> pan_;
+    std::unique_ptr<ScrollIndicator> horizontalIndicator_; // once shown
+    std::unique_ptr<ScrollIndicator> verticalIndicator_;
     foundation::Handle motion_;
     Motion motionState_;
     /// Counts what ends a motion or an animated offset, so that either notices that it has been overtaken.

@@ -376,6 +376,7 @@ TEST_F(ScrollViewTest, ContentThatShrinksUnderAThrowIsComeBackTo) {
 TEST_F(ScrollViewTest, AtRestNothingAsksForFrames) {
     throwUp(600);
     ASSERT_TRUE(loop.runUntil([this] { return rests(); }, 6));
+    loop.advance(1); // the indicator fades out
     const auto changes = Layer::changeCount();
     offsets.clear();
     loop.advance(5);
@@ -406,6 +407,56 @@ TEST_F(ScrollViewTest, TakesTouchesWithinItsBoundsUnlessHidden) {
     EXPECT_FALSE(view->takesTouchAt({10, 90}));
     view->setHidden(true);
     EXPECT_FALSE(view->takesTouchAt({10, 110}));
+}
+
+// Indicators
+
+TEST_F(ScrollViewTest, AnIndicatorShowsWhileTheContentMoves) {
+    EXPECT_THAT(view->layer()->sublayers(), IsEmpty());
+    throwUp(600);
+    ASSERT_EQ(view->layer()->sublayers().size(), 1u);
+    EXPECT_THAT(view->subviews(), IsEmpty());
+    const Layer& bar = *view->layer()->sublayers().front();
+    EXPECT_EQ(bar.opacity(), 1);
+    ASSERT_TRUE(loop.runUntil([this] { return rests(); }, 6));
+    EXPECT_EQ(std::get<double>(bar.presented(LayerProperty::Opacity)), 1);
+    loop.advance(0.7);
+    EXPECT_EQ(std::get<double>(bar.presented(LayerProperty::Opacity)), 0);
+}
+
+TEST_F(ScrollViewTest, TheIndicatorShowsThePartThatIsSeen) {
+    const auto barWithin = [this] {
+        const Layer& bar = *view->layer()->sublayers().back();
+        return bar.toParent().apply(bar.bounds()).offsetBy(0, -view->contentOffset().y);
+    };
+    throwUp(600);
+    view->setContentOffset({0, 0});
+    EXPECT_EQ(barWithin().origin(), (Point{294.5, 3}));
+    EXPECT_EQ(barWithin().width, 2.5);
+    EXPECT_NEAR(barWithin().height, 394.0 / 5, 1e-9);
+    view->setContentOffset({0, 1600});
+    EXPECT_NEAR(barWithin().maxY(), 397, 1e-9);
+    view->setContentOffset({0, 1640});
+    EXPECT_NEAR(barWithin().maxY(), 397, 1e-9);
+    EXPECT_NEAR(barWithin().height, 394.0 / 5 - 40, 1e-9);
+}
+
+TEST_F(ScrollViewTest, AnIndicatorThatIsSwitchedOffNeverShows) {
+    view->setShowsVerticalScrollIndicator(false);
+    throwUp(600);
+    EXPECT_THAT(view->layer()->sublayers(), IsEmpty());
+    EXPECT_FALSE(view->showsVerticalScrollIndicator());
+    EXPECT_TRUE(view->showsHorizontalScrollIndicator());
+}
+
+TEST_F(ScrollViewTest, TheIndicatorLiesAboveSubviewsThatCameLater) {
+    throwUp(600);
+    view->addSubview(std::make_shared<UIView>(Rect(0, 0, 300, 2000)));
+    finger.down({150, 350});
+    finger.moveTo({150, 300}, 3);
+    finger.up();
+    EXPECT_EQ(view->layer()->sublayers().size(), 2u);
+    EXPECT_EQ(view->layer()->sublayers().front(), view->subviews().front()->layer());
 }
 
 } // namespace
