@@ -9,14 +9,25 @@ namespace toolkit {
 
 namespace {
 
+/// "open one, two, three close".
+std::string listed(const char* open, std::initializer_list<double> values, const char* close) {
+    std::string text = open;
+    for (const double value : values) {
+        char number[32];
+        std::snprintf(number, sizeof number, "%.6g", value == 0 ? 0 : value); // no "-0"
+        if (text != open)
+            text += ", ";
+        text += number;
+    }
+    return text += close;
+}
+
 std::string describe(double value) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.6g", value == 0 ? 0 : value); // no "-0"
-    return text;
+    return listed("", {value}, "");
 }
 
 std::string describe(Point p) {
-    return "(" + describe(p.x) + ", " + describe(p.y) + ")";
+    return listed("(", {p.x, p.y}, ")");
 }
 
 std::string describe(Size size) {
@@ -24,40 +35,40 @@ std::string describe(Size size) {
 }
 
 std::string describe(const Rect& rect) {
-    return "[" + describe(rect.x) + ", " + describe(rect.y) + ", " + describe(rect.width) + ", " +
-           describe(rect.height) + "]";
+    return listed("[", {rect.x, rect.y, rect.width, rect.height}, "]");
 }
 
 std::string describe(const Color& color) {
-    return "rgba(" + describe(color.red) + ", " + describe(color.green) + ", " + describe(color.blue) + ", " +
-           describe(color.alpha) + ")";
+    return listed("rgba(", {color.red, color.green, color.blue, color.alpha}, ")");
 }
 
 std::string describe(const AffineTransform& t) {
-    return "{" + describe(t.a) + ", " + describe(t.b) + ", " + describe(t.c) + ", " + describe(t.d) + ", " +
-           describe(t.tx) + ", " + describe(t.ty) + "}";
+    return listed("{", {t.a, t.b, t.c, t.d, t.tx, t.ty}, "}");
 }
 
 std::string describe(const std::vector<GradientStop>& stops) {
     std::string text;
-    for (const GradientStop& stop : stops)
-        text += (text.empty() ? "" : " ") + describe(stop.location) + ":" + describe(stop.color);
+    for (const GradientStop& stop : stops) {
+        if (!text.empty())
+            text += ' ';
+        text += describe(stop.location) + ":" + describe(stop.color);
+    }
     return text;
 }
 
 std::string describe(const Image& image) {
-    return "image " + std::to_string(image.pixelWidth()) + "x" + std::to_string(image.pixelHeight()) + "@" +
-           describe(image.scale());
+    return std::string("image ") + std::to_string(image.pixelWidth()) + "x" +
+           std::to_string(image.pixelHeight()) + "@" + describe(image.scale());
 }
 
 struct ElementDescriber {
-    std::string operator()(const Path::Move& e) const { return "M" + describe(e.to); }
-    std::string operator()(const Path::Line& e) const { return "L" + describe(e.to); }
+    std::string operator()(const Path::Move& e) const { return std::string("M") + describe(e.to); }
+    std::string operator()(const Path::Line& e) const { return std::string("L") + describe(e.to); }
     std::string operator()(const Path::Curve& e) const {
-        return "C" + describe(e.control1) + describe(e.control2) + describe(e.to);
+        return std::string("C") + describe(e.control1) + describe(e.control2) + describe(e.to);
     }
     std::string operator()(const Path::Arc& e) const {
-        return "A" + describe(e.center) + describe(e.radius) + " " + describe(e.start) + ".." +
+        return std::string("A") + describe(e.center) + describe(e.radius) + " " + describe(e.start) + ".." +
                describe(e.end);
     }
     std::string operator()(const Path::Close&) const { return "Z"; }
@@ -105,7 +116,7 @@ std::string describe(GroupBlend blend) {
 template <typename... Arguments>
 void RecordingCanvas::add(const char* name, const Arguments&... arguments) {
     std::string text;
-    const auto append = [&text](const std::string& argument) {
+    [[maybe_unused]] const auto append = [&text](const std::string& argument) {
         if (!text.empty())
             text += ' ';
         text += argument;
