@@ -66,6 +66,7 @@ public:
 
     void setFrame(Rect frame) override;
     void setBounds(Rect bounds) override;
+    void describeProperties(nlohmann::json& properties) const override;
     bool takesTouchAt(Point point) const override;
     /// While the content moves fast it takes no touches: the first one only stops it.
     UIView* hitTest(Point point) override;

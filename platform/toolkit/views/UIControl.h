@@ -36,6 +36,7 @@ public:
     void sendActions(ControlEvent event);
 
     bool takesTouchAt(Point point) const override;
+    void describeProperties(nlohmann::json& properties) const override;
     void touchesBegan(const Touch& touch) override;
     void touchesMoved(const Touch& touch) override;
     void touchesEnded(const Touch& touch) override;

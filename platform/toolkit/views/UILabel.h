@@ -27,6 +27,7 @@ public:
     void setMinimumScaleFactor(double factor);
 
     Size sizeThatFits(Size size) const override;
+    void describeProperties(nlohmann::json& properties) const override;
     bool drawsContent() const override { return !text_.empty(); }
     void drawContent(Canvas& canvas, Rect bounds) override;
 

@@ -30,6 +30,7 @@ public:
 
     Size sizeThatFits(Size size) const override;
     void layoutSubviews() override;
+    void describeProperties(nlohmann::json& properties) const override;
     void touchesBegan(const Touch& touch) override;
     void touchesMoved(const Touch& touch) override;
     void touchesEnded(const Touch& touch) override;

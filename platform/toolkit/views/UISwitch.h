@@ -23,6 +23,7 @@ public:
 
     Size sizeThatFits(Size) const override { return switchSize; }
     void setFrame(Rect frame) override;
+    void describeProperties(nlohmann::json& properties) const override;
     void touchesBegan(const Touch& touch) override;
     void touchesMoved(const Touch& touch) override;
     void touchesEnded(const Touch& touch) override;

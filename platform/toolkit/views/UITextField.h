@@ -43,6 +43,7 @@ public:
     bool drawsContent() const override { return true; }
     void drawContent(Canvas& canvas, Rect bounds) override;
     void layoutSubviews() override;
+    void describeProperties(nlohmann::json& properties) const override;
     void touchesEnded(const Touch& touch) override;
     void didMoveToSuperview() override;
 

@@ -48,6 +48,7 @@ public:
     Size sizeThatFits(Size size) const override;
     void setBounds(Rect bounds) override;
     void layoutSubviews() override;
+    void describeProperties(nlohmann::json& properties) const override;
     void didMoveToSuperview() override;
     /// Called after every edit by the user.
     void setTextChangedHandler(std::function<void()> handler) { textChanged_ = std::move(handler); }

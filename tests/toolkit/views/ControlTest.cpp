@@ -7,6 +7,8 @@
 #include "tests/support/Finger.h"
 #include "tests/support/ToolkitTest.h"
 
+#include <nlohmann/json.hpp>
+
 namespace toolkit {
 namespace {
 
@@ -335,6 +337,18 @@ TEST_F(ControlTest, ADisabledSliderLeavesTheDragToOthers) {
     finger.up();
     EXPECT_EQ(slider->value(), 0);
     EXPECT_THAT(transcript.take(), ElementsAre("panned around"));
+}
+
+// State dumps
+
+TEST_F(ControlTest, DescribesItsOwnProperties) {
+    const auto slider = shown<UISlider>({100, 100, 228, 31});
+    slider->setValue(0.5F);
+    nlohmann::json properties;
+    slider->describeProperties(properties);
+    EXPECT_EQ(properties["value"], 0.5);
+    EXPECT_EQ(properties["enabled"], true);
+    EXPECT_EQ(properties["hidden"], false);
 }
 
 } // namespace
