@@ -18,14 +18,16 @@ bool isUtf8(const std::string& text) {
     return g_utf8_validate_len(text.data(), text.size(), nullptr);
 }
 
-bool parseBool(std::string_view text) {
+bool parseBool(std::string_view written) {
     constexpr std::array<std::string_view, 4> yes{"true", "yes", "on", "1"};
     constexpr std::array<std::string_view, 4> no{"false", "no", "off", "0"};
+    std::string text(written);
+    std::transform(text.begin(), text.end(), text.begin(), g_ascii_tolower);
     if (std::find(yes.begin(), yes.end(), text) != yes.end())
         return true;
     if (std::find(no.begin(), no.end(), text) != no.end())
         return false;
-    throw std::invalid_argument("\"" + std::string(text) + "\" is neither true nor false");
+    throw std::invalid_argument("\"" + std::string(written) + "\" is neither true nor false");
 }
 
 foundation::PropertyList parseNumberValue(std::string_view text) {
