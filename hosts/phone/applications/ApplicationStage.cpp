@@ -59,8 +59,9 @@ void ApplicationStage::open(std::shared_ptr<Application> application, Rect origi
                 window.setTransform({});
                 window.setAlpha(1);
             },
-            [this, previous](bool) {
-                if (previous && previous != front_)
+            [stage = weak_from_this(), previous](bool) {
+                const auto self = stage.lock();
+                if (self && previous && previous != self->front_)
                     hide(previous);
             });
     } else {
@@ -85,8 +86,9 @@ void ApplicationStage::leave(Rect target, StageTransition transition) {
             window.setTransform(shrunkTo(target));
             window.setAlpha(0);
         },
-        [this, left](bool finished) {
-            if (finished && left != front_)
+        [stage = weak_from_this(), left](bool finished) {
+            const auto self = stage.lock();
+            if (finished && self && left != self->front_)
                 hide(left);
         });
 }

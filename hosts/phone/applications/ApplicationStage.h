@@ -8,7 +8,7 @@ namespace phone {
 
 enum class StageTransition { Zoomed, Immediate };
 
-class ApplicationStage {
+class ApplicationStage : public std::enable_shared_from_this<ApplicationStage> {
 public:
     explicit ApplicationStage(std::vector<std::shared_ptr<Application>> applications);
 

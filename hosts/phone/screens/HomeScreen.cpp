@@ -90,10 +90,10 @@ void HomeScreen::layoutSubviews() {
     month_->setFrame(Rect{0, 0, card.width, card.height}.insetBy(cardInset, cardInset * 0.7));
 
     const double rowHeight = iconSize_.height + HomeIcon::labelGap + HomeIcon::labelHeight;
-    double x = gap;
+    double x = card.x; // the icons keep to the card's width
     for (const auto& icon : pageIcons_) {
         icon->setFrame({x, card.maxY() + 28 * scale, iconSize_.width, rowHeight});
-        x += iconSize_.width + gap;
+        x += iconSize_.width + (card.width - columns * iconSize_.width) / (columns - 1);
     }
 }
 
