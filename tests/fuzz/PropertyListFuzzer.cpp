@@ -1,8 +1,4 @@
 // Property lists of any bytes: nothing crashes, and whatever is read can be written and read again.
-//
-// Built with clang: the sources of platform/foundation that it needs and this file, with
-//   -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined and glib-2.0 and libplist-2.0.
-// Run as `PropertyListFuzzer corpus/`; `-max_len=4096 -max_total_time=60` makes a short round.
 #include "platform/foundation/PropertyListCoding.h"
 
 #include <cstdlib>

@@ -72,6 +72,24 @@ bool hasEnd(std::span<const std::uint8_t> bytes) {
     return std::search(bytes.begin(), bytes.end(), end.begin(), end.end(), same) != bytes.end();
 }
 
+std::uint32_t littleEndian(std::span<const std::uint8_t> bytes, std::size_t offset) {
+    return static_cast<std::uint32_t>(bytes[offset]) | static_cast<std::uint32_t>(bytes[offset + 1]) << 8 |
+           static_cast<std::uint32_t>(bytes[offset + 2]) << 16 |
+           static_cast<std::uint32_t>(bytes[offset + 3]) << 24;
+}
+
+/// Whether a BMP file's header and the place of its pixels lie within the file; the loader makes room for as
+/// much as they claim before it looks.
+bool keepsHeaderInside(std::span<const std::uint8_t> bytes) {
+    constexpr std::size_t pixelsField = 10, headerField = 14, fieldsEnd = 18;
+    return bytes.size() >= fieldsEnd && littleEndian(bytes, pixelsField) <= bytes.size() &&
+           littleEndian(bytes, headerField) <= bytes.size() - headerField;
+}
+
+bool isWorthDecoding(std::span<const std::uint8_t> bytes, std::string_view format) {
+    return (format != "png" || hasEnd(bytes)) && (format != "bmp" || keepsHeaderInside(bytes));
+}
+
 PixbufPointer decode(std::span<const std::uint8_t> bytes, const char* format) {
     const LoaderPointer loader(gdk_pixbuf_loader_new_with_type(format, nullptr));
     if (!loader)
@@ -141,7 +159,7 @@ std::shared_ptr<const Image> load(const std::string& devicePath, double scale) {
 
 std::shared_ptr<const Image> decodeImage(std::span<const std::uint8_t> bytes, double scale) {
     const char* format = formatOf(bytes);
-    if (!format || (format == std::string_view("png") && !hasEnd(bytes)))
+    if (!format || !isWorthDecoding(bytes, format))
         return nullptr;
     const PixbufPointer pixbuf = decode(bytes, format);
     return pixbuf ? imageOf(pixbuf.get(), scale) : nullptr;

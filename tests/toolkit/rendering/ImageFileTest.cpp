@@ -7,6 +7,9 @@
 #include <glib.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <string>
+
 namespace toolkit {
 namespace {
 
@@ -104,6 +107,28 @@ TEST(ImageFile, RefusesAPictureThatIsTooLargeBeforeDecodingIt) {
     Bytes hugeBmp = fromBase64(bmp);
     hugeBmp[0x14] = hugeBmp[0x18] = 0x7F;
     EXPECT_FALSE(decodeImage(hugeBmp, 1));
+}
+
+/// The most address space that this process has had, in megabytes.
+long peakMegabytes() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);)
+        if (line.starts_with("VmPeak:"))
+            return std::stol(line.substr(7)) / 1024;
+    return -1;
+}
+
+TEST(ImageFile, MakesNoRoomForAHeaderThatPointsOutsideItsFile) {
+    for (const std::size_t field : {10u, 14u}) { // where the pixels lie; the header's size
+        Bytes bytes = fromBase64(bmp);
+        const std::uint32_t claimed = 1'900'000'000;
+        for (std::size_t i = 0; i < 4; ++i)
+            bytes[field + i] = static_cast<std::uint8_t>(claimed >> (8 * i));
+        const long before = peakMegabytes();
+        ASSERT_GT(before, 0);
+        EXPECT_EQ(decodeImage(bytes, 1), nullptr);
+        EXPECT_LT(peakMegabytes() - before, 100) << "field " << field;
+    }
 }
 
 TEST(ImageFile, RefusesATruncatedPicture) {
