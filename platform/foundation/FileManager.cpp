@@ -277,9 +277,15 @@ FileManager::sharedDictionary(const std::string& devicePath) const {
     return decoded.decode(devicePath, std::move(*bytes));
 }
 
-std::optional<PropertyList::Dictionary> FileManager::readDictionary(const std::string& devicePath) const {
-    const auto dictionary = sharedDictionary(devicePath);
-    return dictionary ? std::optional(*dictionary) : std::nullopt;
+std::optional<PropertyList::Dictionary> FileManager::readDictionary(const std::string& devicePath,
+                                                                    std::size_t maximumBytes) const {
+    const auto bytes = read(devicePath, maximumBytes);
+    if (!bytes)
+        return std::nullopt;
+    auto value = decodePropertyList(*bytes);
+    if (!value || !value->dictionary())
+        return std::nullopt;
+    return std::move(*value->dictionary());
 }
 
 bool FileManager::writeDictionaryAtomically(const std::string& devicePath,

@@ -49,11 +49,13 @@ public:
     /// Removes what is no directory. True when it stood there and is gone.
     bool removeFile(const std::string& devicePath) const;
 
-    /// A property-list file whose top level is a dictionary, read now; null otherwise. Bytes that were
-    /// decoded before are not decoded again.
+    /// A property-list file whose top level is a dictionary; nothing otherwise, and for one larger than
+    /// `maximumBytes`.
+    std::optional<PropertyList::Dictionary> readDictionary(const std::string& devicePath,
+                                                           std::size_t maximumBytes = 64 * 1024 * 1024) const;
+    /// The same for a small file that is read again and again: bytes that were decoded before are not decoded
+    /// again. Null when there is no dictionary.
     std::shared_ptr<const PropertyList::Dictionary> sharedDictionary(const std::string& devicePath) const;
-    /// The same as a copy to change.
-    std::optional<PropertyList::Dictionary> readDictionary(const std::string& devicePath) const;
     bool writeDictionaryAtomically(const std::string& devicePath,
                                    const PropertyList::Dictionary& value) const;
 

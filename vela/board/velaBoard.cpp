@@ -1,5 +1,7 @@
 #include "vela/board/velaBoard.h"
 
+#include "platform/media/MPUChronologicalProgressView.h"
+
 #include <nlohmann/json.hpp>
 
 using namespace toolkit;
@@ -13,7 +15,7 @@ runtime::Class& velaBoard::staticClass() {
 }
 RUNTIME_REGISTER_CLASS(velaBoard)
 
-velaBoard::velaBoard(Rect frame) : UIScrollView(frame), noApps_(std::make_shared<UILabel>()) {
+velaBoard::velaBoard(Rect frame) : UIScrollView(frame), noApps_(media::MPUChronologicalProgressView(2)._createTimeLabelWithStyle(0)) {
     setDelegate(this);
     setScrollEnabled(true);
     setUserInteractionEnabled(true);
@@ -22,7 +24,6 @@ velaBoard::velaBoard(Rect frame) : UIScrollView(frame), noApps_(std::make_shared
     setShowsVerticalScrollIndicator(false);
 
     noApps_->setText("No application installed");
-    noApps_->setTextColor(Color::white(1));
     noApps_->setNumberOfLines(0);
     noApps_->setBackgroundColor(Color::clear());
     noApps_->setTextAlignment(TextAlignment::Center);

@@ -7,5 +7,6 @@ inline constexpr const char* preferences = "/var/mobile/Library/Preferences/org.
 inline constexpr const char* defaults = "/Library/Application Support/Vela/default.plist";
 inline constexpr const char* data = "/var/mobile/Documents/Vela";
 inline constexpr const char* artworks = "/var/mobile/Documents/Vela/Artworks";
+inline constexpr const char* plugIns = "/Library/Application Support/Vela/Plugins";
 
 } // namespace vela::paths

@@ -8,6 +8,8 @@
 
 #include "platform/foundation/PropertyList.h"
 
+#include <map>
+#include <optional>
 #include <string>
 
 namespace vela {
@@ -39,6 +41,17 @@ public:
     foundation::PropertyList getTypeOfEntityToLoad() const;
     /// YES once, which the file then remembers, NO ever after.
     bool canShowTutorial();
+
+    // Plug-ins. The folder is listed anew on each call.
+
+    /// What each plug-in's bundle says of itself, by identifier.
+    using VelaApps = std::map<std::string, foundation::PropertyList::Dictionary>;
+    /// The plug-ins that are not hidden; of several bundles with one identifier the last listed. Nothing, and
+    /// a log line, when the folder cannot be listed.
+    std::optional<VelaApps> getVelaApps() const;
+    /// The bundle's directory with a slash at its end, hidden or not; of several the first listed. Nothing
+    /// for an unknown identifier.
+    std::optional<std::string> getBundlePathByIdentifier(const std::string& identifier) const;
 
 private:
     VelaSettingsManager() = default;

@@ -4,6 +4,12 @@
 
 namespace toolkit {
 
+namespace {
+
+constexpr double edgeReach = 0.5; // points
+
+} // namespace
+
 runtime::Class& UILabel::staticClass() {
     static auto& cls = runtime::ClassBuilder<UILabel>("UILabel", &UIView::staticClass()).build();
     return cls;
@@ -32,6 +38,13 @@ void UILabel::setTextColor(Color color) {
     if (color == textColor_)
         return;
     textColor_ = color;
+    changed();
+}
+
+void UILabel::setTextEdge(Color color) {
+    if (color == textEdge_)
+        return;
+    textEdge_ = color;
     changed();
 }
 
@@ -85,6 +98,9 @@ void UILabel::drawContent(Canvas& canvas, Rect bounds) {
         return;
     const TextLayout layout(text_, styleForWidth(bounds.width), bounds.width);
     const double top = bounds.y + (bounds.height - layout.size().height) / 2;
+    if (!textEdge_.isClear())
+        for (const auto& [dx, dy] : {Point{-edgeReach, 0}, {edgeReach, 0}, {0, -edgeReach}, {0, edgeReach}})
+            canvas.drawText(layout, {bounds.x + dx, top + dy}, textEdge_);
     canvas.drawText(layout, {bounds.x, top}, textColor_);
 }
 

@@ -19,6 +19,8 @@ public:
     void setFont(Font font);
     Color textColor() const { return textColor_; }
     void setTextColor(Color color);
+    /// A soft edge around the letters, by which they are read on any ground; clear for none.
+    void setTextEdge(Color color);
     TextAlignment textAlignment() const { return style_.alignment; }
     void setTextAlignment(TextAlignment alignment);
     int numberOfLines() const { return style_.numberOfLines; }
@@ -37,6 +39,7 @@ private:
     std::string text_;
     TextStyle style_;
     Color textColor_ = Color::black();
+    Color textEdge_ = Color::clear();
     double minimumScaleFactor_ = 1;
 };
 
