@@ -95,6 +95,8 @@ TEST(DeviceLayout, MakesScreenPixelsWholeWhereItNearlyFits) {
     EXPECT_EQ(DeviceLayout::fit(picture, {{2000, height * 1.1}, 0, 0, 1, 2}).scale, 1);
     EXPECT_EQ(DeviceLayout::fit(picture, {{2000, height * 1.1}, 0, 0, 2, 2}).scale, 1);
     EXPECT_EQ(DeviceLayout::fit(picture, {{4000, height * 2.1}, 0, 0, 1, 2}).scale, 2);
+    EXPECT_EQ(DeviceLayout::fit(picture, {{2000, height * 0.98}, 0, 0, 1, 2}).scale, 1);
+    EXPECT_EQ(DeviceLayout::fit(picture, {{4000, height * 1.98}, 0, 0, 1, 2}).scale, 2);
     EXPECT_NEAR(DeviceLayout::fit(picture, {{2000, height * 1.3}, 0, 0, 1, 2}).scale, 1.3, 1e-9);
     EXPECT_NEAR(DeviceLayout::fit(picture, {{2000, height * 0.7}, 0, 0, 1, 2}).scale, 0.7, 1e-9);
 }

@@ -12,16 +12,16 @@ using toolkit::DeviceOrientation;
 using toolkit::Point;
 using toolkit::Size;
 
-/// How much smaller than possible the picture may become for the sake of whole pixels.
-constexpr double snapRange = 1.15;
+/// How much smaller than possible the picture may become for the sake of whole pixels, and how much larger:
+/// the margin around the body is wide enough for that.
+constexpr double snapDown = 1.15;
+constexpr double snapUp = 0.97;
 constexpr double leastScale = 0.05;
 
 double snapped(double scale, double pixelsPerUnit, double screenScale) {
-    const double pixelRatio = scale * pixelsPerUnit / screenScale;
-    if (pixelRatio >= 1)
-        return pixelRatio / std::floor(pixelRatio) < snapRange ? scale * std::floor(pixelRatio) / pixelRatio
-                                                               : scale;
-    return pixelRatio >= 0.5 && pixelRatio < 0.5 * snapRange ? scale * 0.5 / pixelRatio : scale;
+    const double ratio = scale * pixelsPerUnit / screenScale;
+    const double whole = std::max(0.5, std::floor(ratio / snapUp));
+    return ratio >= whole * snapUp && ratio < whole * snapDown ? scale * whole / ratio : scale;
 }
 
 bool isQuarterTurn(double angle) {

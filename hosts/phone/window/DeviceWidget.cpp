@@ -1,10 +1,14 @@
 #include "hosts/phone/window/DeviceWidget.h"
 
+#include <algorithm>
+
 using DrawFunction = std::function<void(GtkSnapshot*, double, double)>;
 
 struct VelaDeviceWidget {
     GtkWidget parent;
     DrawFunction* draw;
+    int naturalWidth;
+    int naturalHeight;
 };
 
 struct VelaDeviceWidgetClass {
@@ -32,9 +36,19 @@ static void vela_device_widget_snapshot(GtkWidget* widget, GtkSnapshot* snapshot
         (*self->draw)(snapshot, gtk_widget_get_width(widget), gtk_widget_get_height(widget));
 }
 
+static void vela_device_widget_measure(GtkWidget* widget, GtkOrientation orientation, int, int* minimum,
+                                       int* natural, int*, int*) {
+    constexpr int least = 160;
+    const auto* self = reinterpret_cast<VelaDeviceWidget*>(widget);
+    *minimum = least;
+    *natural =
+        std::max(least, orientation == GTK_ORIENTATION_HORIZONTAL ? self->naturalWidth : self->naturalHeight);
+}
+
 static void vela_device_widget_class_init(VelaDeviceWidgetClass* cls) {
     G_OBJECT_CLASS(cls)->finalize = vela_device_widget_finalize;
     GTK_WIDGET_CLASS(cls)->snapshot = vela_device_widget_snapshot;
+    GTK_WIDGET_CLASS(cls)->measure = vela_device_widget_measure;
 }
 
 namespace phone {
@@ -43,6 +57,13 @@ GtkWidget* newDeviceWidget(DrawFunction draw) {
     auto* widget = static_cast<VelaDeviceWidget*>(g_object_new(vela_device_widget_get_type(), nullptr));
     widget->draw = new DrawFunction(std::move(draw));
     return GTK_WIDGET(widget);
+}
+
+void setNaturalSize(GtkWidget* deviceWidget, int width, int height) {
+    auto* self = reinterpret_cast<VelaDeviceWidget*>(deviceWidget);
+    self->naturalWidth = width;
+    self->naturalHeight = height;
+    gtk_widget_queue_resize(deviceWidget);
 }
 
 } // namespace phone

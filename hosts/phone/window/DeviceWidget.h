@@ -11,4 +11,7 @@ namespace phone {
 /// GTK's units whenever it is to be drawn.
 GtkWidget* newDeviceWidget(std::function<void(GtkSnapshot*, double width, double height)> draw);
 
+/// The size that the window opens with, in GTK's units.
+void setNaturalSize(GtkWidget* deviceWidget, int width, int height);
+
 } // namespace phone

@@ -1,5 +1,6 @@
 #include "hosts/phone/window/PhoneWindow.h"
 
+#include "hosts/phone/window/DeviceWidget.h"
 #include "hosts/phone/window/ScreenshotFile.h"
 
 #include <algorithm>
@@ -13,6 +14,8 @@ using toolkit::DeviceOrientation;
 
 /// Room that a window's own frame, and the desktop's panels, take from the height of a display.
 constexpr int roomForFrames = 110;
+/// Width that the window's own borders take where there is no shadow around it.
+constexpr int roomForBorders = 8;
 constexpr double noticeSeconds = 3;
 
 bool isLandscape(DeviceOrientation orientation) {
@@ -88,7 +91,9 @@ PhoneWindow::PhoneWindow(Phone& phone, foundation::GlibRunLoop& loop, toolkit::S
     buildHeader();
     buildContent();
     const toolkit::Size size = preferredSize(view_.picture());
-    gtk_window_set_default_size(window_, static_cast<int>(size.width), static_cast<int>(size.height) + 47);
+    setNaturalSize(view_.widget(), static_cast<int>(size.width), static_cast<int>(size.height));
+    // The header bar would like to be wider than the phone.
+    gtk_window_set_default_size(window_, static_cast<int>(size.width) + roomForBorders, -1);
     g_signal_connect(window_, "close-request", G_CALLBACK(+[](GtkWindow*, gpointer self) -> gboolean {
                          static_cast<PhoneWindow*>(self)->closed_();
                          return GDK_EVENT_STOP;
@@ -183,9 +188,10 @@ void PhoneWindow::orientationChanged() {
         // The picture keeps its size when the window turns along with it.
         const int width = gtk_widget_get_width(view_.widget()),
                   height = gtk_widget_get_height(view_.widget());
-        const int header = gtk_widget_get_height(GTK_WIDGET(window_)) - height;
+        int windowWidth = 0, windowHeight = 0;
+        gtk_window_get_default_size(window_, &windowWidth, &windowHeight);
         if (width > 0 && height > 0)
-            gtk_window_set_default_size(window_, height, width + header);
+            gtk_window_set_default_size(window_, windowWidth - width + height, windowHeight - height + width);
     }
     held_ = orientation;
 }
