@@ -62,6 +62,7 @@ void describeText(const toolkit::UIView& view, json& fields) {
         fields["fontSize"] = textView->font().size;
     } else if (const auto* textField = dynamic_cast<const toolkit::UITextField*>(&view)) {
         fields["text"] = textField->text();
+        fields["fontSize"] = textField->font().size;
     }
 }
 

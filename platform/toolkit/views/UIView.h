@@ -115,7 +115,8 @@ public:
                                         AnimationCompletion completion = {});
 
     /// The class's own public properties by name, for state dumps; overriders add to what the base answers.
-    virtual void describeProperties(nlohmann::json& properties) const;
+    /// A plain view has none: what every view has is described by whoever asks.
+    virtual void describeProperties(nlohmann::json&) const {}
 
     UIViewController* viewController() const { return viewController_.get(); }
     void setViewController(UIViewController* controller);

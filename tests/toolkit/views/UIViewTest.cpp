@@ -2,7 +2,6 @@
 #include "platform/toolkit/views/UIViewController.h"
 #include "tests/support/ToolkitTest.h"
 
-#include <nlohmann/json.hpp>
 
 #include <numbers>
 
@@ -357,17 +356,6 @@ TEST_F(UIViewTest, CompletesACrossDissolveOfAViewThatWent) {
     EXPECT_EQ(completions, 1);
     loop.turn();
     EXPECT_EQ(completions, 2);
-}
-
-TEST_F(UIViewTest, DescribesItsProperties) {
-    const auto one = view({1, 2, 3, 4});
-    one->setBackgroundColor(Color::white(1, 0.5));
-    nlohmann::json properties;
-    one->describeProperties(properties);
-    EXPECT_EQ(properties["frame"], nlohmann::json({1.0, 2.0, 3.0, 4.0}));
-    EXPECT_EQ(properties["backgroundColor"], nlohmann::json({1.0, 1.0, 1.0, 0.5}));
-    EXPECT_EQ(properties["hidden"], false);
-    EXPECT_FALSE(properties.contains("transform"));
 }
 
 TEST_F(UIViewTest, IsMadeByItsControllerOnFirstUse) {
