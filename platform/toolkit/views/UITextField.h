@@ -27,7 +27,6 @@ public:
     const std::string& placeholder() const { return placeholder_; }
     void setPlaceholder(const std::string& placeholder);
     Font font() const { return style_.font; }
-    Font font() const { return style_.font; }
     void setFont(Font font);
     Color textColor() const { return textColor_; }
     void setTextColor(Color color);

@@ -2,7 +2,6 @@
 #include "platform/toolkit/views/UIViewController.h"
 #include "tests/support/ToolkitTest.h"
 
-
 #include <numbers>
 
 namespace toolkit {
