@@ -18,7 +18,7 @@ namespace foundation {
 class DecodedFiles {
 public:
     /// Larger files are decoded each time rather than held in memory.
-    static constexpr std::size_t largestFile = 64 * 1024;
+    static constexpr std::size_t largestFile = 1024 * 1024; // bytes
     static constexpr std::size_t mostFiles = 16;
 
     using Dictionary = std::shared_ptr<const PropertyList::Dictionary>;

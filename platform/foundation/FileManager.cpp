@@ -271,7 +271,7 @@ bool FileManager::removeFile(const std::string& devicePath) const {
 std::shared_ptr<const PropertyList::Dictionary>
 FileManager::sharedDictionary(const std::string& devicePath) const {
     static auto& decoded = *new DecodedFiles; // never torn down
-    auto bytes = read(devicePath, PropertyListLimits().maximumBytes);
+    auto bytes = read(devicePath, DecodedFiles::largestFile);
     if (!bytes)
         return nullptr;
     return decoded.decode(devicePath, std::move(*bytes));

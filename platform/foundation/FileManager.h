@@ -54,7 +54,7 @@ public:
     std::optional<PropertyList::Dictionary> readDictionary(const std::string& devicePath,
                                                            std::size_t maximumBytes = 64 * 1024 * 1024) const;
     /// The same for a small file that is read again and again: bytes that were decoded before are not decoded
-    /// again. Null when there is no dictionary.
+    /// again. Null when there is no dictionary, or a file of more than a megabyte.
     std::shared_ptr<const PropertyList::Dictionary> sharedDictionary(const std::string& devicePath) const;
     bool writeDictionaryAtomically(const std::string& devicePath,
                                    const PropertyList::Dictionary& value) const;

@@ -128,6 +128,11 @@ TEST_F(Preferences, AnUnreadableFileReadsAsAnEmptyOne) {
               (PropertyList::Dictionary{{"Enable", true}}));
 }
 
+TEST_F(Preferences, AnOversizedFileReadsAsAnEmptyOne) {
+    preferences({{"Enable", true}, {"padding", std::string(2 * 1024 * 1024, 'x')}});
+    EXPECT_TRUE(settings.getPreferenceForKey("Enable").isNil());
+}
+
 TEST_F(Preferences, AFailedWriteIsSilentAndLosesNothing) {
     preferences({{"Enable", true}});
     std::filesystem::rename(file().parent_path(), root / "elsewhere");
