@@ -6,10 +6,11 @@
 #include "platform/toolkit/layers/DisplayListChanges.h"
 #include "platform/toolkit/layers/FlatPrefix.h"
 #include "platform/toolkit/layers/LayerPainter.h"
+#include "platform/toolkit/layers/UncutAreas.h"
 #include "platform/toolkit/rendering/CairoCanvas.h"
 
 #include <cmath>
-#include <cstring>
+#include <iterator>
 
 namespace toolkit {
 
@@ -97,6 +98,17 @@ DamageRegion Compositor::State::damageOf(const DisplayListChanges& changes) {
     DamageRegion region(view().rect());
     for (const DisplayChange& change : changes.changes)
         region.add(change.rect);
+    std::vector<PixelRect> uncut;
+    for (const DisplayItem& item : items)
+        std::ranges::copy(uncutAreas(item), std::back_inserter(uncut));
+    for (std::size_t i = 0; i < uncut.size();) {
+        if (region.cuts(uncut[i])) {
+            region.add(uncut[i]);
+            i = 0; // what has grown may now cut others
+        } else {
+            ++i;
+        }
+    }
     return region;
 }
 
@@ -110,10 +122,9 @@ void Compositor::State::paint(const PixelView& target, std::size_t begin, std::s
     LayerPainter painter(contents, scale);
     painter.setBackdropDrawer([this, &canvas](Canvas&, const DisplayItem& item) {
         auto found = backdrops.find(item.layerId);
-        if (found == backdrops.end()) {
-            const Rect area = item.look.toPixels.inverted().apply(item.extents.rect());
-            found = backdrops.emplace(item.layerId, canvas.captureBackdrop(area, *item.look.backdrop)).first;
-        }
+        if (found == backdrops.end())
+            found = backdrops.emplace(item.layerId, canvas.captureBackdrop(item.extents, *item.look.backdrop))
+                        .first;
         canvas.drawBackdrop(found->second, item.look.bounds, item.look.cornerRadius);
     });
     painter.paint(items, begin, end, damage, canvas);

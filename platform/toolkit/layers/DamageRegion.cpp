@@ -63,4 +63,11 @@ bool DamageRegion::intersects(const PixelRect& rect) const {
     return false;
 }
 
+bool DamageRegion::cuts(const PixelRect& rect) const {
+    for (const PixelRect& damaged : rects_)
+        if (damaged.intersects(rect) && !damaged.contains(rect))
+            return true;
+    return false;
+}
+
 } // namespace toolkit

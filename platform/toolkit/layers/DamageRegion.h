@@ -15,6 +15,8 @@ public:
     void add(PixelRect rect);
     bool isEmpty() const { return rects_.empty(); }
     bool intersects(const PixelRect& rect) const;
+    /// Whether one of the rectangles holds a part of `rect`, but not all of it.
+    bool cuts(const PixelRect& rect) const;
     const std::vector<PixelRect>& rects() const { return rects_; }
 
 private:

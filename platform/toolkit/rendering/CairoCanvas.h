@@ -39,7 +39,8 @@ public:
     void endGroupMasked(Rect maskRect, Point from, Point to, const std::vector<GradientStop>& stops) override;
 
     /// The two halves of drawBackdrop, for those who keep the blurred picture between frames.
-    Backdrop captureBackdrop(Rect rect, BackdropStyle style) const;
+    /// `area` in device pixels, whatever transforms stand.
+    Backdrop captureBackdrop(PixelRect area, BackdropStyle style) const;
     void drawBackdrop(const Backdrop& backdrop, Rect rect, double cornerRadius);
     /// Draws `image`, with the filter of ImageContext, over or instead of what is there.
     void replaceWithImage(const Image& image, Rect into, double opacity, ImageFilter filter);

@@ -199,14 +199,16 @@ void CairoCanvas::State::mixGroupThroughClip(CairoTarget& group) {
     GroupPixels::shared().giveBack(std::move(mixed.pixels));
 }
 
-Backdrop CairoCanvas::captureBackdrop(Rect rect, BackdropStyle style) const {
+Backdrop CairoCanvas::captureBackdrop(PixelRect area, BackdropStyle style) const {
     const std::vector<PixelView> views = state_->views();
-    return {views, PixelRect::around(state_->toDevice().apply(rect)), state_->scale, style};
+    return {views, area, state_->scale, style};
 }
 
 void CairoCanvas::drawBackdrop(Rect rect, double cornerRadius, BackdropStyle style) {
-    if (!rect.isEmpty())
-        drawBackdrop(captureBackdrop(rect, style), rect, cornerRadius);
+    if (rect.isEmpty())
+        return;
+    const PixelRect area = PixelRect::around(state_->toDevice().apply(rect));
+    drawBackdrop(captureBackdrop(area, style), rect, cornerRadius);
 }
 
 void CairoCanvas::drawBackdrop(const Backdrop& backdrop, Rect rect, double cornerRadius) {

@@ -39,6 +39,18 @@ void makeContext(FcConfig* config) {
     pango_context_set_base_dir(context.get(), PANGO_DIRECTION_WEAK_LTR);
 }
 
+/// A configuration that knows no fonts and no rules of the machine's, only where the scanned fonts are
+/// remembered.
+FcConfig* makeEmptyConfig() {
+    static const char description[] =
+        "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"urn:fontconfig:fonts.dtd\">"
+        "<fontconfig><cachedir prefix=\"xdg\">fontconfig</cachedir></fontconfig>";
+    FcConfig* config = FcConfigCreate();
+    if (config)
+        FcConfigParseAndLoadFromMemory(config, reinterpret_cast<const FcChar8*>(description), FcTrue);
+    return config;
+}
+
 int pangoWeight(FontWeight weight) {
     // The system's thin face is the family's thinnest, which the font files call 100.
     return weight == FontWeight::Thin ? static_cast<int>(PANGO_WEIGHT_THIN) : static_cast<int>(weight);
@@ -47,7 +59,7 @@ int pangoWeight(FontWeight weight) {
 } // namespace
 
 void setFontDirectory(const char* realPath, bool pinned) {
-    FcConfig* config = pinned ? FcConfigCreate() : FcInitLoadConfigAndFonts();
+    FcConfig* config = pinned ? makeEmptyConfig() : FcInitLoadConfigAndFonts();
     if (!config)
         return;
     if (!FcConfigAppFontAddDir(config, reinterpret_cast<const FcChar8*>(realPath)))

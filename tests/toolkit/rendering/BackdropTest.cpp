@@ -118,7 +118,7 @@ TEST(Backdrop, CanBeLaidDownAgainInParts) {
     paintStripes(parts, 13);
     const Rect rect{10, 10, 200, 200};
     whole.canvas().drawBackdrop(rect, 12, BackdropStyle::Dark);
-    const Backdrop kept = parts.canvas().captureBackdrop(rect, BackdropStyle::Dark);
+    const Backdrop kept = parts.canvas().captureBackdrop({10, 10, 200, 200}, BackdropStyle::Dark);
     for (const Rect part : {Rect{0, 0, 77, 240}, Rect{77, 0, 163, 101}, Rect{77, 101, 163, 139}}) {
         parts.canvas().save();
         parts.canvas().clipRect(part);
