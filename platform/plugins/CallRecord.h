@@ -2,8 +2,8 @@
 // only.
 #pragma once
 
+#include <deque>
 #include <string>
-#include <vector>
 
 namespace plugins {
 
@@ -14,7 +14,7 @@ struct CallRecord {
 };
 
 /// The newest 10,000, oldest first.
-const std::vector<CallRecord>& recordedCalls();
+const std::deque<CallRecord>& recordedCalls();
 void recordCall(CallRecord record);
 void clearRecordedCalls();
 
