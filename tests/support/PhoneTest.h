@@ -17,7 +17,11 @@ class PhoneTest : public testing::Test {
 protected:
     PhoneTest() {
         foundation::RunLoop::setMain(&loop);
-        toolkit::setFontDirectory(VELA_SOURCE_DIR "/resources/fonts", true);
+        static const bool fontsPinned = [] {
+            toolkit::setFontDirectory(VELA_SOURCE_DIR "/resources/fonts", true);
+            return true;
+        }();
+        EXPECT_TRUE(fontsPinned);
     }
     ~PhoneTest() override {
         phone_.reset();

@@ -8,6 +8,9 @@ namespace phone {
 
 namespace {
 
+/// The window is seen whole but for the part of the zoom where it is hardly larger than its icon.
+constexpr double fadeDuration = 0.14; // seconds
+
 /// Takes a window that fills the screen down to `target`.
 AffineTransform shrunkTo(Rect target) {
     const Rect screen = UIScreen::mainScreen().bounds();
@@ -53,12 +56,9 @@ void ApplicationStage::open(std::shared_ptr<Application> application, Rect origi
         window.layoutIfNeeded();
         window.setTransform(shrunkTo(origin));
         window.setAlpha(0);
+        UIView::animate(fadeDuration, 0, AnimationCurve::EaseOut, [&] { window.setAlpha(1); });
         UIView::animate(
-            zoomDuration, 0, AnimationCurve::EaseOut,
-            [&] {
-                window.setTransform({});
-                window.setAlpha(1);
-            },
+            zoomDuration, 0, AnimationCurve::EaseOut, [&] { window.setTransform({}); },
             [stage = weak_from_this(), previous](bool) {
                 const auto self = stage.lock();
                 if (self && previous && previous != self->front_)
@@ -80,12 +80,10 @@ void ApplicationStage::leave(Rect target, StageTransition transition) {
     if (transition == StageTransition::Immediate)
         return hide(left);
     SystemWindow& window = *left->window();
+    UIView::animate(fadeDuration, zoomDuration - fadeDuration, AnimationCurve::EaseIn,
+                    [&] { window.setAlpha(0); });
     UIView::animate(
-        zoomDuration, 0, AnimationCurve::EaseInOut,
-        [&] {
-            window.setTransform(shrunkTo(target));
-            window.setAlpha(0);
-        },
+        zoomDuration, 0, AnimationCurve::EaseInOut, [&] { window.setTransform(shrunkTo(target)); },
         [stage = weak_from_this(), left](bool finished) {
             const auto self = stage.lock();
             if (finished && self && left != self->front_)
