@@ -1,11 +1,9 @@
 #include "hosts/phone/Phone.h"
 
 #include "hosts/phone/InterfaceOrientation.h"
-#include "hosts/phone/PhoneScreens.h"
-#include "hosts/phone/applications/InstalledApplications.h"
+#include "hosts/phone/PhoneState.h"
 #include "platform/foundation/ProcessInfo.h"
 #include "platform/foundation/RunLoop.h"
-#include "platform/homescreen/SBHUDController.h"
 #include "platform/homescreen/SBUIController.h"
 #include "platform/toolkit/gestures/TouchDispatcher.h"
 #include "platform/toolkit/views/TextInput.h"
@@ -18,10 +16,7 @@ namespace phone {
 
 namespace {
 
-constexpr double rotationDuration = 0.3; // seconds
-constexpr double unlockDuration = 0.35;
-constexpr double volumeDisplayTime = 1.5;
-constexpr std::int64_t portrait = 1;
+constexpr double unlockDuration = 0.35; // seconds
 
 double now() {
     return foundation::RunLoop::main().now();
@@ -29,128 +24,9 @@ double now() {
 
 } // namespace
 
-struct Phone::State {
-    explicit State(PhoneConfiguration newConfiguration);
-
-    bool isTablet() const { return configuration.model.starts_with("iPad"); }
-    unsigned supportedOrientations() const;
-    /// Turns the interface to what is in front; answers whether it had to.
-    bool updateInterfaceOrientation();
-    /// Brings status bar, key window and the applications' activity in line with what is in front.
-    void frontChanged();
-    void endTyping();
-    void leaveFront();
-    void closeSwitcher();
-    void setDisplayOn(bool on);
-    void showLockScreen();
-    void changeVolume(int steps);
-
-    PhoneConfiguration configuration;
-    std::shared_ptr<homescreen::SpringBoard> springBoard = std::make_shared<homescreen::SpringBoard>();
-    WallClock clock;
-    std::shared_ptr<ApplicationStage> stage;
-    std::unique_ptr<PhoneScreens> screens; // null until the launch
-    std::shared_ptr<Application> active;   // in front, seen and unlocked
-    std::int64_t interfaceOrientation = portrait;
-    bool locked = false;
-    bool displayOn = true;
-    int volume = VolumeDisplay::steps / 2;
-    int hudCount = 0;
+struct Phone::State : PhoneState {
+    using PhoneState::PhoneState;
 };
-
-Phone::State::State(PhoneConfiguration newConfiguration)
-    : configuration(std::move(newConfiguration)),
-      clock(configuration.wallClock, configuration.secondsFromUtc),
-      stage(std::make_shared<ApplicationStage>(makeInstalledApplications(clock))) {}
-
-unsigned Phone::State::supportedOrientations() const {
-    const auto& front = stage->front();
-    if (front && !locked)
-        return front->description().orientations;
-    return isTablet() ? orientationMaskAll : orientationMaskPortrait;
-}
-
-bool Phone::State::updateInterfaceOrientation() {
-    const std::int64_t wanted = chooseInterfaceOrientation(UIDevice::currentDevice().orientation(),
-                                                           interfaceOrientation, supportedOrientations());
-    const bool turns = wanted != interfaceOrientation;
-    if (turns) {
-        interfaceOrientation = wanted;
-        TouchDispatcher::shared().cancelAll(now()); // their coordinates are those of another screen now
-        WindowServer::shared().setInterfaceOrientation(static_cast<int>(wanted), rotationDuration);
-        screens->fitScreen();
-        stage->fitScreen();
-    }
-    if (const auto& front = stage->front())
-        front->setStatusBarOrientation(interfaceOrientation);
-    return turns;
-}
-
-void Phone::State::frontChanged() {
-    const auto& front = stage->front();
-    const bool overApplication = front && !screens->switcherWindow->isOpen();
-    screens->statusBar->setStyle(overApplication ? front->description().statusBarStyle
-                                                 : StatusBarStyle::LightContent);
-    WindowServer::shared().setKeyWindow(front ? front->window().get() : screens->homeWindow.get());
-    const auto nowActive = displayOn && !locked ? front : nullptr;
-    if (nowActive == active)
-        return;
-    const auto former = std::exchange(active, nowActive);
-    if (former)
-        former->resignedActive();
-    if (active)
-        active->becameActive();
-}
-
-void Phone::State::endTyping() {
-    if (TextInput* input = TextInput::current())
-        input->resignFirstResponder();
-    screens->keyboardWindow->setShown(false);
-}
-
-void Phone::State::leaveFront() {
-    const auto front = stage->front();
-    endTyping();
-    // Over a turning screen there is no icon to shrink into.
-    const bool turns = chooseInterfaceOrientation(
-                           UIDevice::currentDevice().orientation(), interfaceOrientation,
-                           isTablet() ? orientationMaskAll : orientationMaskPortrait) != interfaceOrientation;
-    stage->leave(turns ? Rect() : screens->iconFrame(front->bundleIdentifier()),
-                 turns ? StageTransition::Immediate : StageTransition::Zoomed);
-    updateInterfaceOrientation();
-    frontChanged();
-}
-
-void Phone::State::closeSwitcher() {
-    screens->switcherWindow->close();
-    frontChanged();
-}
-
-void Phone::State::setDisplayOn(bool on) {
-    displayOn = on;
-    screens->displayOffWindow->setHidden(on);
-    frontChanged();
-}
-
-void Phone::State::showLockScreen() {
-    locked = true;
-    screens->switcherWindow->close();
-    screens->lockScreen->reset();
-    screens->lockWindow->setAlpha(1);
-    screens->lockWindow->setHidden(false);
-    WindowServer::shared().setSecureOnly(true);
-    updateInterfaceOrientation();
-    frontChanged();
-}
-
-void Phone::State::changeVolume(int steps) {
-    volume = std::clamp(volume + steps, 0, VolumeDisplay::steps);
-    if (!displayOn)
-        return;
-    screens->volumeDisplay->setLevel(volume);
-    homescreen::SBHUDController::sharedHUDController().presentHUDView(screens->volumeDisplay,
-                                                                      volumeDisplayTime);
-}
 
 // ---- Life
 

@@ -1,0 +1,117 @@
+#include "hosts/phone/PhoneState.h"
+
+#include "hosts/phone/InterfaceOrientation.h"
+#include "hosts/phone/applications/InstalledApplications.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/homescreen/SBHUDController.h"
+#include "platform/toolkit/gestures/TouchDispatcher.h"
+#include "platform/toolkit/views/TextInput.h"
+#include "platform/toolkit/windows/WindowServer.h"
+
+using namespace toolkit;
+
+namespace phone {
+
+namespace {
+
+constexpr double rotationDuration = 0.3; // seconds
+constexpr double volumeDisplayTime = 1.5;
+
+} // namespace
+
+PhoneState::PhoneState(PhoneConfiguration newConfiguration)
+    : configuration(std::move(newConfiguration)),
+      clock(configuration.wallClock, configuration.secondsFromUtc),
+      stage(std::make_shared<ApplicationStage>(makeInstalledApplications(clock))) {}
+
+unsigned PhoneState::supportedOrientations() const {
+    const auto& front = stage->front();
+    if (front && !locked)
+        return front->description().orientations;
+    return isTablet() ? orientationMaskAll : orientationMaskPortrait;
+}
+
+bool PhoneState::updateInterfaceOrientation() {
+    const std::int64_t wanted = chooseInterfaceOrientation(UIDevice::currentDevice().orientation(),
+                                                           interfaceOrientation, supportedOrientations());
+    const bool turns = wanted != interfaceOrientation;
+    if (turns) {
+        interfaceOrientation = wanted;
+        TouchDispatcher::shared().cancelAll(
+            foundation::RunLoop::main().now()); // their coordinates are those of another screen now
+        WindowServer::shared().setInterfaceOrientation(static_cast<int>(wanted), rotationDuration);
+        screens->fitScreen();
+        stage->fitScreen();
+    }
+    if (const auto& front = stage->front())
+        front->setStatusBarOrientation(interfaceOrientation);
+    return turns;
+}
+
+void PhoneState::frontChanged() {
+    const auto& front = stage->front();
+    const bool overApplication = front && !screens->switcherWindow->isOpen();
+    screens->statusBar->setStyle(overApplication ? front->description().statusBarStyle
+                                                 : StatusBarStyle::LightContent);
+    WindowServer::shared().setKeyWindow(front ? front->window().get() : screens->homeWindow.get());
+    const auto nowActive = displayOn && !locked ? front : nullptr;
+    if (nowActive == active)
+        return;
+    const auto former = std::exchange(active, nowActive);
+    if (former)
+        former->resignedActive();
+    if (active)
+        active->becameActive();
+}
+
+void PhoneState::endTyping() {
+    if (TextInput* input = TextInput::current())
+        input->resignFirstResponder();
+    screens->keyboardWindow->setShown(false);
+}
+
+void PhoneState::leaveFront() {
+    const auto front = stage->front();
+    endTyping();
+    // Over a turning screen there is no icon to shrink into.
+    const bool turns = chooseInterfaceOrientation(
+                           UIDevice::currentDevice().orientation(), interfaceOrientation,
+                           isTablet() ? orientationMaskAll : orientationMaskPortrait) != interfaceOrientation;
+    stage->leave(turns ? Rect() : screens->iconFrame(front->bundleIdentifier()),
+                 turns ? StageTransition::Immediate : StageTransition::Zoomed);
+    updateInterfaceOrientation();
+    frontChanged();
+}
+
+void PhoneState::closeSwitcher() {
+    screens->switcherWindow->close();
+    frontChanged();
+}
+
+void PhoneState::setDisplayOn(bool on) {
+    displayOn = on;
+    screens->displayOffWindow->setHidden(on);
+    frontChanged();
+}
+
+void PhoneState::showLockScreen() {
+    locked = true;
+    screens->switcherWindow->close();
+    screens->lockScreen->reset();
+    screens->lockWindow->setAlpha(1);
+    screens->lockWindow->setHidden(false);
+    WindowServer::shared().setSecureOnly(true);
+    updateInterfaceOrientation();
+    frontChanged();
+}
+
+void PhoneState::changeVolume(int steps) {
+    volume = std::clamp(volume + steps, 0, VolumeDisplay::steps);
+    if (!displayOn)
+        return;
+    screens->volumeDisplay->setLevel(volume);
+    homescreen::SBHUDController::sharedHUDController().presentHUDView(screens->volumeDisplay,
+                                                                      volumeDisplayTime);
+}
+
+} // namespace phone
