@@ -1,10 +1,13 @@
 #include "platform/toolkit/text/TextPainter.h"
 
+#include "platform/toolkit/text/GlyphCache.h"
+#include "platform/toolkit/text/GlyphTarget.h"
 #include "platform/toolkit/text/TextLayoutNative.h"
 
 #include <cairo-ft.h>
 #include <pango/pangocairo.h>
 
+#include <optional>
 #include <vector>
 
 namespace toolkit {
@@ -49,7 +52,21 @@ bool hasUnknownGlyphs(const PangoGlyphString& glyphs) {
     return false;
 }
 
-void paintRun(cairo_t* cr, const PangoGlyphItem& run, Point origin) {
+bool isKeptSize(cairo_scaled_font_t* font, double scale) {
+    cairo_matrix_t matrix;
+    cairo_scaled_font_get_font_matrix(font, &matrix);
+    return matrix.xx * scale <= GlyphCache::largestSize;
+}
+
+/// What a text is painted with.
+struct Brush {
+    cairo_t* cr;
+    Color color;
+    std::optional<GlyphTarget> target;
+};
+
+void paintRun(const Brush& brush, const PangoGlyphItem& run, Point origin) {
+    cairo_t* cr = brush.cr;
     PangoFont* font = run.item->analysis.font;
     cairo_scaled_font_t* scaled = font ? pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font)) : nullptr;
     if (!scaled)
@@ -62,17 +79,24 @@ void paintRun(cairo_t* cr, const PangoGlyphItem& run, Point origin) {
     const std::vector<cairo_glyph_t> glyphs = placedGlyphs(*run.glyphs, origin);
     if (glyphs.empty())
         return;
+    if (brush.target && isKeptSize(scaled, brush.target->scale())) {
+        cairo_surface_flush(cairo_get_target(cr));
+        for (const cairo_glyph_t& glyph : glyphs)
+            brush.target->draw(scaled, glyph.index, {glyph.x, glyph.y}, brush.color);
+        brush.target->finish();
+        return;
+    }
     cairo_matrix_t matrix;
     cairo_scaled_font_get_font_matrix(scaled, &matrix);
     cairo_set_font_face(cr, cairo_scaled_font_get_font_face(scaled));
     cairo_set_font_matrix(cr, &matrix);
-    // As shapes: glyph pictures would jump from pixel to pixel while text grows or moves.
+    // As shapes: the library's glyph pictures would jump from pixel to pixel while text grows or moves.
     cairo_new_path(cr);
     cairo_glyph_path(cr, glyphs.data(), static_cast<int>(glyphs.size()));
     cairo_fill(cr);
 }
 
-void paintLine(cairo_t* cr, PangoLayoutIter* iterator, Point origin) {
+void paintLine(const Brush& brush, PangoLayoutIter* iterator, Point origin) {
     const PangoLayoutLine* line = pango_layout_iter_get_line_readonly(iterator);
     PangoRectangle logical;
     pango_layout_iter_get_line_extents(iterator, nullptr, &logical);
@@ -80,7 +104,7 @@ void paintLine(cairo_t* cr, PangoLayoutIter* iterator, Point origin) {
     double x = origin.x + points(logical.x);
     for (GSList* item = line->runs; item; item = item->next) {
         const auto* run = static_cast<const PangoGlyphItem*>(item->data);
-        paintRun(cr, *run, {x, baseline});
+        paintRun(brush, *run, {x, baseline});
         x += points(pango_glyph_string_get_width(run->glyphs));
     }
 }
@@ -91,6 +115,7 @@ void paintText(cairo_t* cr, const TextLayout::Native& text, Point topLeft, const
     cairo_save(cr);
     cairo_set_source_rgba(cr, color.red, color.green, color.blue, color.alpha);
     cairo_set_antialias(cr, CAIRO_ANTIALIAS_GRAY);
+    const Brush brush{cr, color, GlyphTarget::of(cr)};
     double left, top, right, bottom;
     cairo_clip_extents(cr, &left, &top, &right, &bottom);
     for (const TextLayout::Native::Piece& piece : text.pieces) {
@@ -105,7 +130,7 @@ void paintText(cairo_t* cr, const TextLayout::Native& text, Point topLeft, const
             if (lineTop > bottom)
                 break;
             if (lineBottom >= top)
-                paintLine(cr, iterator, origin);
+                paintLine(brush, iterator, origin);
         } while (pango_layout_iter_next_line(iterator));
         pango_layout_iter_free(iterator);
     }

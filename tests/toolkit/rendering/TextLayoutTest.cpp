@@ -201,6 +201,42 @@ TEST_F(TextLayoutTest, DrawsOnlyItsOwnFontsWhenPinned) {
     EXPECT_GT(painting.covered(), 5);
 }
 
+TEST_F(TextLayoutTest, LooksAlikeFromKeptGlyphsAndFromShapes) {
+    // A curved clip, though it cuts nothing off, takes the road of the shapes.
+    const TextLayout layout("Kept, g\u00e9nial & 123", style(1), -1);
+    for (const double scale : {1.0, 2.0, 3.0}) {
+        Painting kept(600, 80, scale), shapes(600, 80, scale);
+        for (Painting* painting : {&kept, &shapes}) {
+            painting->filled(Color::rgba(0.2, 0.3, 0.4));
+            if (painting == &shapes)
+                painting->canvas().clipRoundedRect({-1000, -1000, 3000, 3000}, 10);
+            painting->canvas().drawText(layout, {3, 2}, Color::rgba(1, 0.9, 0.5, 0.8));
+        }
+        double keptSum = 0, shapesSum = 0;
+        int largest = 0;
+        for (std::size_t i = 0; i < kept.bytes().size(); ++i) {
+            keptSum += kept.bytes()[i];
+            shapesSum += shapes.bytes()[i];
+            largest = std::max(largest, std::abs(kept.bytes()[i] - shapes.bytes()[i]));
+        }
+        EXPECT_NEAR(keptSum / shapesSum, 1, 0.001) << scale;
+        EXPECT_LE(largest, 0.25 * 255) << scale; // an eighth of a pixel off in each direction at most
+    }
+}
+
+TEST_F(TextLayoutTest, CutsKeptGlyphsAtTheClip) {
+    const TextLayout layout("WWWWWW", style(1), -1);
+    Painting whole(100, 30), part(100, 30);
+    whole.canvas().drawText(layout, {-5, -3}, white());
+    part.canvas().clipRect({20, 5, 31, 7});
+    part.canvas().drawText(layout, {-5, -3}, white());
+    for (int y = 0; y < 30; ++y)
+        for (int x = 0; x < 100; ++x) {
+            const bool inside = x >= 20 && x < 51 && y >= 5 && y < 12;
+            ASSERT_EQ(part.at(x, y), inside ? whole.at(x, y) : (Pixel{0, 0, 0, 0})) << x << ", " << y;
+        }
+}
+
 TEST(Utf8, IsMadeWholeWhereItIsBroken) {
     EXPECT_EQ(wholeUtf8("plain \u00e4\u4e2d\U0001F600", 100), "plain \u00e4\u4e2d\U0001F600");
     EXPECT_EQ(wholeUtf8("a\xff\xfe z", 100), "a\uFFFD\uFFFD z");
