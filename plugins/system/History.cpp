@@ -8,8 +8,10 @@ namespace systemplugin {
 void History::add(double time, double value) {
     if (!std::isfinite(value))
         return;
-    if (!samples_.empty() && time <= samples_.back().time)
+    if (!samples_.empty() && time < samples_.back().time)
         samples_.clear();
+    if (!samples_.empty() && time == samples_.back().time)
+        samples_.pop_back();
     samples_.push_back({time, value});
     while (samples_.front().time < time - duration)
         samples_.pop_front();

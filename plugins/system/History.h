@@ -19,7 +19,8 @@ public:
         friend bool operator==(const Sample&, const Sample&) = default;
     };
 
-    /// Forgets what is older than the duration. A time before the latest begins anew.
+    /// Forgets what is older than the duration. A time before the latest begins anew; the same
+    /// time again replaces the value.
     void add(double time, double value);
 
     const std::deque<Sample>& samples() const { return samples_; }
