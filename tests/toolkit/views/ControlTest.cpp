@@ -348,7 +348,7 @@ TEST_F(ControlTest, DescribesItsOwnProperties) {
     slider->describeProperties(properties);
     EXPECT_EQ(properties["value"], 0.5);
     EXPECT_EQ(properties["enabled"], true);
-    EXPECT_EQ(properties["hidden"], false);
+    EXPECT_FALSE(properties.contains("frame"));
 }
 
 } // namespace
