@@ -118,7 +118,7 @@ struct Font {
 };
 
 struct TextStyle {
-    Font font;
+    Font font{};
     Alignment alignment = Alignment::Left;
     VerticalAlignment verticalAlignment = VerticalAlignment::Middle;
     int lines = 1; // what does not fit is cut off with an ellipsis; 0: as many as it takes
@@ -171,7 +171,7 @@ enum class LineCap { Butt, Round, Square };
 
 struct GradientStop {
     double location = 0; // from 0 to 1
-    Color color;
+    Color color{};
 };
 
 /// What a view draws with, valid within the call that it was handed to.
@@ -207,7 +207,7 @@ enum class TouchPhase { Began, Moved, Ended, Cancelled };
 struct Touch {
     std::int64_t finger = 0; // the same from began to ended; several fingers may be down
     TouchPhase phase = TouchPhase::Began;
-    Point point;     // in the coordinates of the view that was touched, also while outside of it
+    Point point{};   // in the coordinates of the view that was touched, also while outside of it
     double time = 0; // as Host::now()
 };
 

@@ -107,9 +107,9 @@ void giveHandlerAStack() {
 
 void installHandlers() {
     state.installed = true;
-    state.mainThread = gettid();
     giveHandlerAStack();
     std::atexit(handleExit);
+    std::at_quick_exit(handleExit);
     struct sigaction handler {};
     handler.sa_sigaction = handleFatalSignal;
     handler.sa_flags = SA_SIGINFO | SA_ONSTACK;
@@ -138,6 +138,7 @@ void setCrashAction(CrashAction action) {
 }
 
 void CrashNote::prepare() {
+    state.mainThread = gettid(); // anew in a forked process
     if (!state.installed)
         installHandlers();
     openDirectory();
