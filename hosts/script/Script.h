@@ -58,6 +58,10 @@ struct SetPreference {
 struct Type {
     std::string text;
 };
+/// The path of a plug-in's bundle on this machine.
+struct Install {
+    std::string path;
+};
 struct Shot {
     std::string fileName;
 };
@@ -66,7 +70,7 @@ struct State {
 };
 
 using Action = std::variant<Wait, TouchDown, TouchMove, TouchUp, Tap, Press, Open, Rotate, Keyboard, Lock,
-                            Unlock, SetPreference, Type, Shot, State>;
+                            Unlock, SetPreference, Type, Install, Shot, State>;
 
 struct Command {
     int line; // from 1

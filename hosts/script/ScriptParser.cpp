@@ -88,6 +88,10 @@ Action type(ScriptArguments& arguments) {
     return Type{text};
 }
 
+Action install(ScriptArguments& arguments) {
+    return Install{arguments.takeWord("a plug-in's directory")};
+}
+
 Action shot(ScriptArguments& arguments) {
     return Shot{arguments.takeFileName(".png")};
 }
@@ -106,9 +110,9 @@ Action unlock(ScriptArguments&) {
 
 using Reader = Action (*)(ScriptArguments&);
 const std::map<std::string_view, Reader> readers{
-    {"wait", wait},     {"tap", tap},           {"press", press}, {"open", open},
-    {"rotate", rotate}, {"keyboard", keyboard}, {"lock", lock},   {"unlock", unlock},
-    {"type", type},     {"shot", shot},         {"state", state}, {"set", setPreference},
+    {"wait", wait},         {"tap", tap},           {"press", press},     {"open", open}, {"rotate", rotate},
+    {"keyboard", keyboard}, {"lock", lock},         {"unlock", unlock},   {"type", type}, {"shot", shot},
+    {"state", state},       {"set", setPreference}, {"install", install},
 };
 
 int Parser::takeFinger(ScriptArguments& arguments) {

@@ -58,6 +58,7 @@ private:
     void play(const Unlock&) { proceed(target_.unlock()); }
     void play(const SetPreference& set) { proceed(target_.setPreference(set.key, set.value)); }
     void play(const Type& type) { proceed(target_.type(type.text)); }
+    void play(const Install& install) { proceed(target_.installPlugIn(install.path)); }
     void play(const Shot& shot) { proceed(target_.writeScreenshot(shot.fileName)); }
     void play(const State& state) { proceed(target_.writeState(state.fileName)); }
     void stepDrag();

@@ -26,6 +26,9 @@ public:
     /// A nil value takes the key away.
     virtual Failure setPreference(const std::string& key, const foundation::PropertyList& value) = 0;
     virtual Failure type(const std::string& text) = 0;
+    /// Copies a plug-in's bundle, a directory of this machine, into the device's plug-in directory. A plug-in
+    /// of that directory name that is there is replaced.
+    virtual Failure installPlugIn(const std::string& path) = 0;
     /// Writes what the screen shows, as PNG, to `fileName` in the output directory.
     virtual Failure writeScreenshot(const std::string& fileName) = 0;
     virtual Failure writeState(const std::string& fileName) = 0;

@@ -1,6 +1,8 @@
 #include "hosts/script/StateDump.h"
 
 #include "platform/foundation/Log.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/plugins/CallRecord.h"
 #include "platform/toolkit/scrolling/UIScrollView.h"
 #include "platform/toolkit/views/UIButton.h"
 #include "platform/toolkit/views/UITextField.h"
@@ -100,6 +102,16 @@ json describeScreen(const HostState& host) {
             {"device", static_cast<int>(host.deviceOrientation)}};
 }
 
+/// Times are those of the state itself: seconds since the start.
+json describePluginCalls(const HostState& host) {
+    const double start = foundation::RunLoop::main().now() - host.time;
+    json calls = json::array();
+    for (const auto& call : plugins::recordedCalls())
+        calls.push_back(
+            {{"identifier", call.identifier}, {"method", call.method}, {"time", call.time - start}});
+    return calls;
+}
+
 } // namespace
 
 json describeValue(const foundation::PropertyList& value) {
@@ -164,6 +176,7 @@ json describeState(const HostState& host, const std::vector<foundation::Notifica
                {"keyboard", describe(host.keyboard)},
                {"log", foundation::loggedLines()},
                {"notifications", json::array()},
+               {"pluginCalls", describePluginCalls(host)},
                {"windows", json::array()}};
     for (const auto& notification : notifications)
         state["notifications"].push_back(

@@ -31,7 +31,8 @@ struct HostState {
 };
 
 /// Lays out what is marked, and describes everything.
-nlohmann::json describeState(const HostState& host, const std::vector<foundation::Notification>& notifications);
+nlohmann::json describeState(const HostState& host,
+                             const std::vector<foundation::Notification>& notifications);
 
 /// A view or window with its subviews.
 nlohmann::json describeView(const toolkit::UIView& view);

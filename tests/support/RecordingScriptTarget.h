@@ -32,6 +32,7 @@ public:
         return record("set " + key + (value.isNil() ? " away" : ""));
     }
     Failure type(const std::string& text) override { return record("type " + text); }
+    Failure installPlugIn(const std::string& path) override { return record("install " + path); }
     Failure writeScreenshot(const std::string& name) override { return record("shot " + name); }
     Failure writeState(const std::string& name) override { return record("state " + name); }
 

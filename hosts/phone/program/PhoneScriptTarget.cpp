@@ -1,5 +1,6 @@
 #include "hosts/phone/program/PhoneScriptTarget.h"
 
+#include "hosts/phone/program/PluginInstaller.h"
 #include "hosts/phone/program/PreferencesFile.h"
 #include "hosts/script/StateDump.h"
 #include "platform/foundation/RunLoop.h"
@@ -95,6 +96,10 @@ PhoneScriptTarget::Failure PhoneScriptTarget::setPreference(const std::string& k
 PhoneScriptTarget::Failure PhoneScriptTarget::type(const std::string& text) {
     phone_.typeText(text);
     return std::nullopt;
+}
+
+PhoneScriptTarget::Failure PhoneScriptTarget::installPlugIn(const std::string& path) {
+    return phone::installPlugIn(path);
 }
 
 PhoneScriptTarget::Failure PhoneScriptTarget::writeScreenshot(const std::string& fileName) {

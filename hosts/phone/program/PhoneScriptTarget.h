@@ -26,6 +26,7 @@ public:
     Failure unlock() override;
     Failure setPreference(const std::string& key, const foundation::PropertyList& value) override;
     Failure type(const std::string& text) override;
+    Failure installPlugIn(const std::string& path) override;
     Failure writeScreenshot(const std::string& fileName) override;
     Failure writeState(const std::string& fileName) override;
 
