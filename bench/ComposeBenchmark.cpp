@@ -128,19 +128,19 @@ double swing(int frame) {
     return 0.5 - 0.5 * std::cos(frame * 0.05);
 }
 
-void pullPanel(benchmark::State& state) {
+void PullPanel(benchmark::State& state) {
     Scene scene(state.range(0) != 0);
     scene.compose();
     measure(state, scene, [&](int frame) { scene.pullTo(swing(frame)); });
 }
 
-void dimAlone(benchmark::State& state) {
+void DimAlone(benchmark::State& state) {
     Scene scene(false);
     scene.compose();
     measure(state, scene, [&](int frame) { scene.dimming->setOpacity(swing(frame)); });
 }
 
-void scrollTextOnGlass(benchmark::State& state) {
+void ScrollTextOnGlass(benchmark::State& state) {
     Scene scene(state.range(0) != 0);
     scene.pullTo(1);
     scene.compose();
@@ -153,14 +153,14 @@ void scrollTextOnGlass(benchmark::State& state) {
     });
 }
 
-void nothingChanges(benchmark::State& state) {
+void NothingChanges(benchmark::State& state) {
     Scene scene(true);
     scene.pullTo(1);
     scene.compose();
     measure(state, scene, [](int) {});
 }
 
-void everythingAfresh(benchmark::State& state) {
+void EverythingAfresh(benchmark::State& state) {
     Scene scene(true);
     scene.pullTo(1);
     measure(state, scene, [&](int) { scene.compositor.emplace(); });
@@ -168,22 +168,22 @@ void everythingAfresh(benchmark::State& state) {
 
 } // namespace
 
-BENCHMARK(pullPanel)
+BENCHMARK(PullPanel)
     ->ArgName("vibrancy")
     ->Arg(0)
     ->Arg(1)
     ->UseManualTime()
     ->MinTime(3)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK(dimAlone)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(scrollTextOnGlass)
+BENCHMARK(DimAlone)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(ScrollTextOnGlass)
     ->ArgName("vibrancy")
     ->Arg(0)
     ->Arg(1)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
-BENCHMARK(nothingChanges)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(everythingAfresh)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(NothingChanges)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(EverythingAfresh)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
     setFontDirectory(VELA_SOURCE_DIR "/resources/fonts", true);

@@ -85,6 +85,51 @@ int coverage(int x, int y, const PixelRect& shape, double radius) {
     return static_cast<int>(std::clamp(radius - std::hypot(dx, dy) + 0.5, 0.0, 1.0) * 255 + 0.5);
 }
 
+/// Replaces one row by the glass as far as the rounded rectangle covers each pixel.
+void layCovered(std::uint8_t* out, const std::uint8_t* glass, int left, int y, int width,
+                const PixelRect& shape, double radius) {
+    for (int x = 0; x < width; ++x) {
+        const int covered = coverage(left + x, y, shape, radius);
+        for (int i = x * 4; i < x * 4 + 4; ++i)
+            out[i] = static_cast<std::uint8_t>((out[i] * (255 - covered) + glass[i] * covered + 127) / 255);
+    }
+}
+
+/// Grid rows stretched to the width of what is drawn, in 8.4 fixed point. Two neighbours are kept, which is
+/// what the rows of a picture are mixed from, one after the other.
+class StretchedRows {
+public:
+    StretchedRows(const std::vector<std::uint16_t>& colors, int columns, std::vector<Between> across)
+        : colors_(colors), columns_(columns), across_(std::move(across)) {
+        for (auto& row : rows_)
+            row.resize(across_.size() * 4);
+    }
+    const std::uint16_t* row(int index) {
+        const int place = index & 1;
+        if (held_[place] != index)
+            stretch(index, rows_[place].data());
+        held_[place] = index;
+        return rows_[place].data();
+    }
+
+private:
+    void stretch(int index, std::uint16_t* out) const {
+        const std::uint16_t* line = colors_.data() + static_cast<std::ptrdiff_t>(index) * columns_ * 4;
+        for (const Between& b : across_) {
+            const std::uint16_t *first = line + b.first * 4, *second = line + b.second * 4;
+            for (int channel = 0; channel < 4; ++channel)
+                *out++ = static_cast<std::uint16_t>(
+                    (first[channel] * (weightOne - b.weight) + second[channel] * b.weight) >> 8);
+        }
+    }
+
+    const std::vector<std::uint16_t>& colors_;
+    int columns_;
+    std::vector<Between> across_;
+    std::vector<std::uint16_t> rows_[2];
+    int held_[2] = {-1, -1};
+};
+
 } // namespace
 
 Backdrop::Backdrop(std::span<const PixelView> targets, PixelRect rect, double pixelsPerPoint,
@@ -215,47 +260,20 @@ void Backdrop::draw(const PixelView& target, PixelRect clip, PixelRect shape, do
         return;
     const double radius = std::min(cornerRadius, std::min(shape.width, shape.height) / 2.0);
     const int count = clip.width * 4;
-    std::vector<std::uint16_t> expanded[2];
-    int held[2] = {-1, -1};
-    for (auto& row : expanded)
-        row.resize(static_cast<std::size_t>(count));
     std::vector<Between> across(static_cast<std::size_t>(clip.width));
     for (int x = 0; x < clip.width; ++x)
         across[static_cast<std::size_t>(x)] = between(clip.x + x, cell_, firstCell(rect_.x), columns_);
-    // A grid row stretched to the clip's width, in 8.4 fixed point; rows alternate between the two places.
-    const auto expand = [&](int row) -> const std::uint16_t* {
-        const int place = row & 1;
-        std::uint16_t* out = expanded[place].data();
-        if (held[place] == row)
-            return out;
-        held[place] = row;
-        const std::uint16_t* line = colors_.data() + static_cast<std::ptrdiff_t>(row) * columns_ * 4;
-        for (const Between& b : across) {
-            const std::uint16_t *first = line + b.first * 4, *second = line + b.second * 4;
-            for (int channel = 0; channel < 4; ++channel)
-                *out++ = static_cast<std::uint16_t>(
-                    (first[channel] * (weightOne - b.weight) + second[channel] * b.weight) >> 8);
-        }
-        return expanded[place].data();
-    };
-    std::vector<std::uint8_t> scratch(static_cast<std::size_t>(count));
+    StretchedRows rows(colors_, columns_, std::move(across));
+    std::vector<std::uint8_t> glass(static_cast<std::size_t>(count));
     for (int y = clip.y; y < clip.maxY(); ++y) {
         const Between down = between(y, cell_, firstCell(rect_.y), rows_);
-        const std::uint16_t* upper = expand(down.first);
-        const std::uint16_t* lower = expand(down.second);
-        std::uint8_t* out = target.at(clip.x, y);
+        const std::uint16_t* upper = rows.row(down.first);
+        const std::uint16_t* lower = rows.row(down.second);
         const bool inCorners = radius > 0 && (y < shape.y + radius || y + 1 > shape.maxY() - radius);
-        if (!inCorners) {
-            mixRows(out, upper, lower, count, down.weight);
-            continue;
-        }
-        mixRows(scratch.data(), upper, lower, count, down.weight);
-        for (int x = 0; x < clip.width; ++x) {
-            const int covered = coverage(clip.x + x, y, shape, radius);
-            for (int i = x * 4; i < x * 4 + 4; ++i)
-                out[i] = static_cast<std::uint8_t>(
-                    (out[i] * (255 - covered) + scratch[static_cast<std::size_t>(i)] * covered + 127) / 255);
-        }
+        std::uint8_t* out = target.at(clip.x, y);
+        mixRows(inCorners ? glass.data() : out, upper, lower, count, down.weight);
+        if (inCorners)
+            layCovered(out, glass.data(), clip.x, y, clip.width, shape, radius);
     }
 }
 

@@ -230,8 +230,11 @@ void CairoCanvas::State::drawBackdrop(const Backdrop& backdrop, Rect rect, doubl
         cairo_surface_mark_dirty(into.surface);
         return;
     }
-    // A turned glass, or one behind a curved edge: drawn whole beside the target, then put in through the
-    // shape.
+    drawBackdropThroughShape(backdrop, rect, cornerRadius);
+}
+
+void CairoCanvas::State::drawBackdropThroughShape(const Backdrop& backdrop, Rect rect, double cornerRadius) {
+    CairoTarget& into = target();
     const PixelRect area = backdrop.rect();
     CairoTarget whole;
     whole.pixels = GroupPixels::shared().take(static_cast<std::size_t>(area.area()));

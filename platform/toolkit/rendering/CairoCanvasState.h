@@ -35,6 +35,9 @@ struct CairoCanvas::State {
     void drawMask(std::vector<std::uint8_t>& coverage, int width, int height, int bytesPerRow, Point topLeft,
                   const Color& color);
     void drawBackdrop(const Backdrop& backdrop, Rect rect, double cornerRadius);
+    /// A turned glass, or one behind a curved edge: drawn whole beside the target, then put in through the
+    /// shape.
+    void drawBackdropThroughShape(const Backdrop& backdrop, Rect rect, double cornerRadius);
     void pushGroup(const Rect& bounds, double opacity, GroupBlend blend);
     /// Multiplies the group's pixels by the gradient's alpha.
     void maskTopGroup(const Rect& maskRect, Point from, Point to, const std::vector<GradientStop>& stops);
