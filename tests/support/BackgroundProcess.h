@@ -39,6 +39,13 @@ public:
         waitForEnd();
     }
     bool started() const { return started_; }
+    /// Whether it has not ended by itself so far.
+    bool isRunning() const {
+        siginfo_t information{};
+        return started_ &&
+               waitid(P_PID, static_cast<id_t>(pid_), &information, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+               information.si_pid == 0;
+    }
     /// The exit code, -1 when a signal ended it.
     int waitForEnd() {
         int status = 0;

@@ -20,9 +20,21 @@ namespace fs = std::filesystem;
 /// What a device has before anything is installed on it.
 constexpr std::array standardDirectories{"/var/mobile/Library/Preferences", "/var/mobile/Documents", "/tmp"};
 
+constexpr const char* temporaryNamePattern = "vela-phone-XXXXXX";
+
+/// Whether a directory was made by freshTemporaryRoot(): nothing else is ever removed.
+bool isTemporaryRoot(const fs::path& path) {
+    std::error_code error;
+    const std::string name = path.filename(), pattern = temporaryNamePattern;
+    const std::size_t fixed = pattern.find('X');
+    return path.parent_path() == fs::temp_directory_path(error) && name.size() == pattern.size() &&
+           name.compare(0, fixed, pattern, 0, fixed) == 0 &&
+           fs::is_directory(fs::symlink_status(path, error));
+}
+
 fs::path freshTemporaryRoot() {
     std::error_code error;
-    std::string name = (fs::temp_directory_path(error) / "vela-phone-XXXXXX").string();
+    std::string name = (fs::temp_directory_path(error) / temporaryNamePattern).string();
     if (error || !mkdtemp(name.data()))
         throw ProgramError("no temporary device root can be made: set TMPDIR or give --root DIR");
     return name;
@@ -53,8 +65,11 @@ fs::path DeviceRoot::userRoot() {
     throw ProgramError("neither XDG_DATA_HOME nor HOME is set: give --root DIR");
 }
 
-DeviceRoot::DeviceRoot(const std::optional<fs::path>& path)
-    : path_(path ? *path : freshTemporaryRoot()), temporary_(!path) {
+DeviceRoot::DeviceRoot(const std::optional<fs::path>& path, const std::optional<fs::path>& former)
+    : path_(path                                 ? *path
+            : former && isTemporaryRoot(*former) ? *former
+                                                 : freshTemporaryRoot()),
+      temporary_(!path) {
     auto& files = foundation::FileManager::shared();
     if (!files.setDeviceRoot(path_))
         throw ProgramError("the device root " + path_.string() + " cannot be made");

@@ -14,9 +14,11 @@ public:
     /// The user's own device, below the XDG data directory.
     static std::filesystem::path userRoot();
 
-    /// Makes `path` the device root, or a fresh temporary directory, which goes when this object goes. Throws
-    /// ProgramError when it cannot be made or written.
-    explicit DeviceRoot(const std::optional<std::filesystem::path>& path);
+    /// Makes `path` the device root, or a fresh temporary directory, which goes when this object goes. A
+    /// process that has been started after a crash takes over the temporary directory `former` instead.
+    /// Throws ProgramError when it cannot be made or written.
+    explicit DeviceRoot(const std::optional<std::filesystem::path>& path,
+                        const std::optional<std::filesystem::path>& former = std::nullopt);
     ~DeviceRoot();
     DeviceRoot(const DeviceRoot&) = delete;
     DeviceRoot& operator=(const DeviceRoot&) = delete;

@@ -117,6 +117,7 @@ const std::map<std::string, Setter> settings{
     {"--script", [](const std::string& text, Options& o) { o.script = pathOf(text); }},
     {"--out", [](const std::string& text, Options& o) { o.outputDirectory = pathOf(text); }},
     {"--root", [](const std::string& text, Options& o) { o.root = pathOf(text); }},
+    {"--after-crash", [](const std::string& text, Options& o) { o.afterCrash = pathOf(text); }},
     {"--extension", [](const std::string& text, Options& o) { o.extension = pathOf(text); }},
     {"--screen", parseScreen},
     {"--model", parseModel},
@@ -164,6 +165,10 @@ Options Options::parse(const std::vector<std::string>& arguments) {
         }
     }
     checkTogether(options);
+    options.arguments = arguments;
+    if (options.afterCrash)
+        options.arguments.resize(static_cast<std::size_t>(
+            std::find(arguments.begin(), arguments.end(), "--after-crash") - arguments.begin()));
     return options;
 }
 
@@ -189,7 +194,8 @@ clock without a display.
   --help                show this and exit
   --version             show the version and exit
 
-The exit code is 0 for success and 2 when an option, a script or a file is at fault.
+The exit code is 0 for success, 2 when an option, a script or a file is at fault, and 3 when a plug-in has
+crashed while a script was played. Without a script the phone then starts again by itself, without that plug-in.
 )";
 }
 

@@ -32,6 +32,11 @@ struct Options {
     double screenScale = 2;             // pixels a point
     std::string model = "iPhone";
     std::string systemVersion = "9.3";
+    /// Set when a plug-in has crashed the phone, which had this device root and has been started again. For
+    /// the program's own use.
+    std::optional<std::filesystem::path> afterCrash;
+    /// The command line, but for --after-crash.
+    std::vector<std::string> arguments;
     /// Preferences to write instead of starting the phone.
     std::vector<Preference> preferences;
 

@@ -3,6 +3,7 @@
 #include "hosts/phone/program/DeviceRoot.h"
 #include "hosts/phone/program/HeadlessRunner.h"
 #include "hosts/phone/program/InstalledFiles.h"
+#include "hosts/phone/program/PluginCrash.h"
 #include "hosts/phone/program/PreferencesFile.h"
 #include "hosts/phone/program/ProgramError.h"
 #include "hosts/script/ScriptParser.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int exitSuccess = 0;
 constexpr int exitFault = 2;
+constexpr int exitPluginCrash = 3;
 
 void prepareOutputDirectory(const std::filesystem::path& directory) {
     std::error_code error;
@@ -43,8 +45,12 @@ void runPhone(const Options& options, WindowFunction runWindow) {
     auto rootPath = options.root;
     if (!rootPath && !options.headless)
         rootPath = DeviceRoot::userRoot();
-    const DeviceRoot root(rootPath);
+    const DeviceRoot root(rootPath, options.afterCrash);
     root.fill(resourceDirectory());
+    takeNoteOfPluginCrash(options);
+    if (options.afterCrash)
+        script.reset(); // it was played before the crash
+    startAgainAfterPluginCrash(options, root.path());
     if (options.headless)
         runHeadless(options, *script);
     else
@@ -70,6 +76,9 @@ int runProgram(const std::vector<std::string>& arguments, WindowFunction runWind
         return exitSuccess;
     } catch (const OptionsError& error) {
         std::fprintf(stderr, "vela-phone: %s\nvela-phone --help lists the options.\n", error.what());
+    } catch (const PluginCrash& crash) {
+        std::fprintf(stderr, "vela-phone: %s\n", crash.what());
+        return exitPluginCrash;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "vela-phone: %s\n", error.what());
     }

@@ -14,8 +14,8 @@ namespace phone {
 /// root stands. Throws ProgramError or script::ScriptError.
 using WindowFunction = void (*)(const Options& options, const std::optional<script::Script>& script);
 
-/// Answers the exit code: 0, or 2 when an option, a script or a file is at fault, which has then been said on
-/// standard error.
+/// Answers the exit code: 0, 2 when an option, a script or a file is at fault, or 3 when a plug-in has
+/// crashed while a script was played. What went wrong has then been said on standard error.
 int runProgram(const std::vector<std::string>& arguments, WindowFunction runWindow);
 
 } // namespace phone

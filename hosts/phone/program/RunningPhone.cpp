@@ -3,6 +3,7 @@
 #include "hosts/phone/program/ExtensionLoader.h"
 #include "hosts/phone/program/InstalledFiles.h"
 #include "platform/foundation/RunLoop.h"
+#include "platform/plugins/TimeOfDay.h"
 #include "platform/toolkit/text/Font.h"
 #include "platform/toolkit/windows/WindowServer.h"
 
@@ -18,10 +19,15 @@ PhoneConfiguration RunningPhone::configurationOf(const Options& options) {
 }
 
 RunningPhone::RunningPhone(const Options& options, PhoneConfiguration configuration)
-    : phone_(std::move(configuration)),
+    : phone_(configuration),
       scriptTarget_(phone_, notifications_, foundation::RunLoop::main().now(), options.outputDirectory) {
     toolkit::setFontDirectory((resourceDirectory() / "fonts").c_str(), false);
     toolkit::WindowServer::shared().attachToMainRunLoop();
+    if (configuration.wallClock)
+        plugins::setTimeOfDaySource([configuration]() -> plugins::TimeOfDay {
+            return {static_cast<double>(configuration.wallClock()),
+                    static_cast<int>(configuration.secondsFromUtc)};
+        });
     if (options.loadExtension)
         loadExtension(options.extension.value_or(installedExtension()));
     phone_.launch();
