@@ -251,6 +251,27 @@ TEST_F(ProgramTest, FillsANewRootFromTheResources) {
     EXPECT_TRUE(fs::is_directory(root() / "var/mobile/Documents"));
 }
 
+constexpr const char* plugIns = "Library/Application Support/Vela/Plugins";
+
+TEST_F(ProgramTest, BringsItsPlugInsToTheDeviceWholeOrNotAtAll) {
+    write(root() / plugIns / "Clock.bundle/Info.plist", "the user's own");
+    ASSERT_EQ(play("wait 0.1\n", {"--no-extension"}).exitCode, 0);
+    for (const char* name : {"Calculator", "Calendar", "Notes", "System"}) {
+        const fs::path bundle = root() / plugIns / (std::string(name) + ".bundle");
+        for (const std::string& file : {std::string("Info.plist"), std::string("guide.txt"),
+                                        std::string(name) + ".so", std::string("icon@3x.png")})
+            EXPECT_TRUE(fs::is_regular_file(bundle / file)) << bundle / file;
+    }
+    EXPECT_EQ(read(root() / plugIns / "Clock.bundle/Info.plist"), "the user's own");
+    EXPECT_FALSE(fs::exists(root() / plugIns / "Clock.bundle/Clock.so"));
+}
+
+TEST_F(ProgramTest, LeavesThePlugInsAwayWhenAsked) {
+    ASSERT_EQ(play("wait 0.1\n", {"--no-extension", "--no-plugins"}).exitCode, 0);
+    EXPECT_TRUE(fs::is_directory(root() / plugIns));
+    EXPECT_TRUE(fs::is_empty(root() / plugIns));
+}
+
 TEST_F(ProgramTest, AddsToAnExistingRootOnlyWhatIsMissing) {
     const auto defaults = root() / (PreferencesFile::defaultsPath + 1);
     const auto artwork = root() / "Library/Application Support/Vela/default_artwork.png";

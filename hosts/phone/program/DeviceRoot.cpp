@@ -18,7 +18,8 @@ namespace {
 namespace fs = std::filesystem;
 
 /// What a device has before anything is installed on it.
-constexpr std::array standardDirectories{"/var/mobile/Library/Preferences", "/var/mobile/Documents", "/tmp"};
+constexpr std::array standardDirectories{"/var/mobile/Library/Preferences", "/var/mobile/Documents", "/tmp",
+                                         "/Library/Application Support/Vela/Plugins"};
 
 constexpr const char* temporaryNamePattern = "vela-phone-XXXXXX";
 
@@ -84,12 +85,10 @@ DeviceRoot::~DeviceRoot() {
         fs::remove_all(path_, error);
 }
 
-void DeviceRoot::fill(const fs::path& resources) const {
+void DeviceRoot::fill(const fs::path& device) const {
     std::error_code error;
-    const fs::path device = resources / "device";
     if (!fs::is_directory(device, error)) {
-        std::fprintf(stderr, "vela-phone: there are no resources in %s: the device stays empty\n",
-                     device.c_str());
+        std::fprintf(stderr, "vela-phone: there is nothing to bring to the device in %s\n", device.c_str());
         return;
     }
     // A disk that goes with the process need not outlive a loss of power.

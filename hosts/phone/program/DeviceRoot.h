@@ -25,9 +25,9 @@ public:
 
     const std::filesystem::path& path() const { return path_; }
 
-    /// Adds what of `resources`/device is missing. Resources that are not there are reported on standard
-    /// error.
-    void fill(const std::filesystem::path& resources) const;
+    /// Adds what of `device`, which mirrors a device's disk, is missing. That it is not there is reported on
+    /// standard error.
+    void fill(const std::filesystem::path& device) const;
 
 private:
     std::filesystem::path path_;

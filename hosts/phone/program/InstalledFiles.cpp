@@ -19,6 +19,13 @@ std::filesystem::path resourceDirectory() {
     return VELA_RESOURCE_DIR;
 }
 
+std::filesystem::path builtDeviceDirectory() {
+    std::error_code error;
+    const auto installed = executableDirectory() / ".." / "lib" / "vela3" / "device";
+    const auto built = executableDirectory() / ".." / "device";
+    return (std::filesystem::is_directory(installed, error) ? installed : built).lexically_normal();
+}
+
 std::filesystem::path installedExtension() {
     return (executableDirectory() / ".." / "lib" / "Vela3.dylib").lexically_normal();
 }

@@ -10,6 +10,10 @@ namespace phone {
 /// missing.
 std::filesystem::path resourceDirectory();
 
+/// What is built and belongs on every device, the phone's own plug-ins: mirrors the device's disk as well. It
+/// may be missing.
+std::filesystem::path builtDeviceDirectory();
+
 /// The installed extension, Vela3.dylib. It may be missing.
 std::filesystem::path installedExtension();
 

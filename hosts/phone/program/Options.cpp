@@ -110,6 +110,7 @@ const std::map<std::string, Flag> flags{
     {"--headless", [](Options& o) { o.headless = true; }},
     {"--keep-open", [](Options& o) { o.keepOpen = true; }},
     {"--no-extension", [](Options& o) { o.loadExtension = false; }},
+    {"--no-plugins", [](Options& o) { o.bringPlugins = false; }},
 };
 
 using Setter = void (*)(const std::string&, Options&);
@@ -189,6 +190,7 @@ clock without a display.
                         directory; headless, a temporary one that is removed at the end)
   --extension FILE      load this extension instead of the installed one
   --no-extension        load no extension
+  --no-plugins          do not bring the phone's own plug-ins to the device
   --set KEY TYPE VALUE  write a preference, as the settings application would, and exit; TYPE is bool, number
                         or string; --set KEY remove takes the key away
   --help                show this and exit

@@ -24,6 +24,7 @@ struct Options {
     /// The window stays open after a script's end.
     bool keepOpen = false;
     bool loadExtension = true;
+    bool bringPlugins = true;
     std::optional<std::filesystem::path> extension;
     std::optional<std::filesystem::path> script;
     std::filesystem::path outputDirectory = ".";

@@ -27,9 +27,15 @@ void prepareOutputDirectory(const std::filesystem::path& directory) {
         throw ProgramError("the output directory " + directory.string() + " cannot be written");
 }
 
+void fillRoot(const DeviceRoot& root, const Options& options) {
+    root.fill(resourceDirectory() / "device");
+    if (options.bringPlugins)
+        root.fill(builtDeviceDirectory());
+}
+
 void writePreferences(const Options& options) {
     const DeviceRoot root(options.root.value_or(DeviceRoot::userRoot()));
-    root.fill(resourceDirectory());
+    fillRoot(root, options);
     for (const auto& preference : options.preferences)
         if (!PreferencesFile::set(preference.key, preference.value))
             throw ProgramError(std::string("the preferences file ") + PreferencesFile::path +
@@ -46,7 +52,7 @@ void runPhone(const Options& options, WindowFunction runWindow) {
     if (!rootPath && !options.headless)
         rootPath = DeviceRoot::userRoot();
     const DeviceRoot root(rootPath, options.afterCrash);
-    root.fill(resourceDirectory());
+    fillRoot(root, options);
     takeNoteOfPluginCrash(options);
     if (options.afterCrash)
         script.reset(); // it was played before the crash
