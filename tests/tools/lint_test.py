@@ -142,7 +142,7 @@ class Libraries(LintTest):
         "<gdk-pixbuf/gdk-pixbuf.h>": "platform/toolkit/rendering",
         "<gtk/gtk.h>": "hosts/phone/window",
         "<gdk/gdk.h>": "hosts/phone/window",
-        "<adwaita.h>": "hosts/settings",
+        "<adwaita.h>": "hosts/settings/window",
         "<wayland-client.h>": "hosts/session",
         "<curl/curl.h>": "platform/foundation",
         "<plist/plist.h>": "platform/foundation",
@@ -163,7 +163,7 @@ class Libraries(LintTest):
 
     def test_the_phone_names_its_window_library_only_beside_the_window(self):
         self.include("hosts/phone/A.cpp", "<gtk/gtk.h>")
-        self.assert_finds("hosts/phone/A.cpp:2", "GTK is named only in hosts/phone/window")
+        self.assert_finds("hosts/phone/A.cpp:2", "GTK is named only in hosts/gtk")
 
     def test_the_picture_loader_is_not_taken_for_the_window_library(self):
         self.include("platform/toolkit/text/A.cpp", "<gdk-pixbuf/gdk-pixbuf.h>")

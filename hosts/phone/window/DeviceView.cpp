@@ -99,8 +99,8 @@ bool DeviceView::takeScreen() {
     if (compositor.paintedFrames() == shownFrame_ || !compositor.pixels())
         return false;
     shownFrame_ = compositor.paintedFrames();
-    screen_ = makeTexture(compositor.pixels(), compositor.pixelWidth(), compositor.pixelHeight(),
-                          compositor.bytesPerRow());
+    screen_ = gtk::makeTexture(compositor.pixels(), compositor.pixelWidth(), compositor.pixelHeight(),
+                               compositor.bytesPerRow());
     screenSize_ = {compositor.pixelWidth() / screenScale_, compositor.pixelHeight() / screenScale_};
     screenOrientation_ = static_cast<int>(phone_.interfaceOrientation());
     return true;
@@ -129,7 +129,7 @@ void DeviceView::updateBody(double pixelsPerPoint) {
             canvas.concat(toolkit::AffineTransform::translation(margin, margin));
             picture_.draw(canvas);
         });
-    body_ = makeTexture(*image);
+    body_ = gtk::makeTexture(*image);
 }
 
 void DeviceView::draw(GtkSnapshot* snapshot, double width, double height) {

@@ -3,10 +3,10 @@
 // Draws only when the screen's content, the phone's attitude or the window's size changed. Main thread only.
 #pragma once
 
+#include "hosts/gtk/FrameClock.h"
+#include "hosts/gtk/Texture.h"
 #include "hosts/phone/Phone.h"
 #include "hosts/phone/picture/DeviceLayout.h"
-#include "hosts/phone/window/FrameClock.h"
-#include "hosts/phone/window/Texture.h"
 #include "platform/foundation/Handle.h"
 
 namespace phone {
@@ -40,13 +40,13 @@ private:
     DevicePicture picture_;
     double screenScale_;
     GtkWidget* widget_;
-    FrameClock frames_;
+    gtk::FrameClock frames_;
 
-    Texture screen_;
+    gtk::Texture screen_;
     toolkit::Size screenSize_; // of the texture, in points
     int screenOrientation_ = 1;
     std::uint64_t shownFrame_ = 0;
-    Texture body_;
+    gtk::Texture body_;
     double bodyPixelsPerPoint_ = 0;
 
     DeviceLayout layout_;

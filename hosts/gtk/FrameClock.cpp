@@ -1,6 +1,6 @@
-#include "hosts/phone/window/FrameClock.h"
+#include "hosts/gtk/FrameClock.h"
 
-namespace phone {
+namespace gtk {
 
 FrameClock::~FrameClock() {
     if (callback_ != 0)
@@ -20,4 +20,4 @@ gboolean FrameClock::tick(GtkWidget*, GdkFrameClock*, gpointer data) {
     return G_SOURCE_REMOVE;
 }
 
-} // namespace phone
+} // namespace gtk

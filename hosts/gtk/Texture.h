@@ -7,7 +7,7 @@
 
 #include <memory>
 
-namespace phone {
+namespace gtk {
 
 struct ObjectUnref {
     void operator()(gpointer object) const { g_object_unref(object); }
@@ -18,4 +18,4 @@ using Texture = std::unique_ptr<GdkTexture, ObjectUnref>;
 Texture makeTexture(const std::uint8_t* pixels, int width, int height, int bytesPerRow);
 Texture makeTexture(const toolkit::Image& image);
 
-} // namespace phone
+} // namespace gtk

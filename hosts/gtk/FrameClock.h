@@ -5,7 +5,7 @@
 
 #include <functional>
 
-namespace phone {
+namespace gtk {
 
 class FrameClock {
 public:
@@ -25,4 +25,4 @@ private:
     guint callback_ = 0;
 };
 
-} // namespace phone
+} // namespace gtk

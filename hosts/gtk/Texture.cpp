@@ -1,6 +1,6 @@
-#include "hosts/phone/window/Texture.h"
+#include "hosts/gtk/Texture.h"
 
-namespace phone {
+namespace gtk {
 
 Texture makeTexture(const std::uint8_t* pixels, int width, int height, int bytesPerRow) {
     GBytes* bytes = g_bytes_new(pixels, static_cast<gsize>(height) * static_cast<gsize>(bytesPerRow));
@@ -14,4 +14,4 @@ Texture makeTexture(const toolkit::Image& image) {
     return makeTexture(image.pixels().data(), image.pixelWidth(), image.pixelHeight(), image.bytesPerRow());
 }
 
-} // namespace phone
+} // namespace gtk
