@@ -9,8 +9,17 @@
 #include "platform/foundation/PropertyList.h"
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
+
+namespace media {
+class MPMediaItem;
+}
+namespace toolkit {
+class Image;
+}
 
 namespace vela {
 
@@ -41,6 +50,43 @@ public:
     foundation::PropertyList getTypeOfEntityToLoad() const;
     /// YES once, which the file then remembers, NO ever after.
     bool canShowTutorial();
+
+    // Lyrics, by the key "TITLE_ARTIST". An empty title or artist leaves its side of the underscore empty.
+    // Any thread; two writers at once may lose an entry.
+
+    /// addLyric:forSongName:artist: stores "No lyric" for an empty text: the song has none, and need not be
+    /// asked for again.
+    void addLyric(const std::string& lyric, const std::string& title, const std::string& artist);
+    /// Nothing for a song that was never looked up.
+    std::optional<std::string> getLyricForSongName(const std::string& title, const std::string& artist) const;
+    /// addLyric:forSong: stores an empty text as it is, which later lookups take for no entry. Nothing
+    /// happens without an item.
+    void addLyric(const std::string& lyric, const std::shared_ptr<media::MPMediaItem>& song);
+    /// The empty string without an item.
+    std::optional<std::string> getLyricForSong(const std::shared_ptr<media::MPMediaItem>& song) const;
+    /// Every entry; nothing when the file is missing or unreadable.
+    std::optional<foundation::PropertyList::Dictionary> getLyrics() const;
+    /// By a key as getLyrics lists it.
+    std::optional<std::string> getLyricForSongTitle(const std::string& key) const;
+    /// addLyric:forTitle: stores any text, empty or not, under a key as getLyrics lists it.
+    void addLyric(const std::string& lyric, const std::string& key);
+    void removeLyric(const std::string& key);
+
+    // Artworks, PNG files named like the lyrics' keys. A name that cannot be a file is neither stored nor
+    // found. Any thread.
+
+    /// addArtWork:forSongName:artist: stores the picture under a name that says the screen's scale; null
+    /// stores nothing.
+    void addArtWork(const std::shared_ptr<const toolkit::Image>& image, const std::string& title,
+                    const std::string& artist);
+    /// The picture of the screen's scale or else the plain one; null when there is neither.
+    std::shared_ptr<const toolkit::Image> getImageForSongName(const std::string& title,
+                                                              const std::string& artist) const;
+    /// Names of the stored artworks in the folder's own order, one for each file: an artwork that is there in
+    /// two scales is named twice.
+    std::vector<std::string> getArtworks() const;
+    /// Deletes the first file whose name contains `name` anywhere, be it another song's, and no further one.
+    void removeArtwork(const std::string& name);
 
     // Plug-ins. The folder is listed anew on each call.
 
