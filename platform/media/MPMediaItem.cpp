@@ -1,5 +1,7 @@
 #include "platform/media/MPMediaItem.h"
 
+#include "platform/media/MediaPort.h"
+
 namespace media {
 
 runtime::Class& MPMediaItem::staticClass() {
@@ -9,9 +11,42 @@ runtime::Class& MPMediaItem::staticClass() {
 }
 RUNTIME_REGISTER_CLASS(MPMediaItem)
 
-foundation::PropertyList MPMediaItem::valueForProperty(const std::string& name) const {
-    auto found = properties_.find(name);
-    return found == properties_.end() ? foundation::PropertyList() : found->second;
+MPMediaItem::MPMediaItem(const std::map<std::string, foundation::PropertyList>& properties, Cover cover)
+    : cover_(cover) {
+    properties_.reserve(properties.size());
+    for (const auto& [name, value] : properties)
+        properties_.push_back({name, value});
+}
+
+const foundation::PropertyList* MPMediaItem::storedProperty(std::string_view name) const {
+    for (const Property& property : properties_)
+        if (property.name.name() == name)
+            return &property.value;
+    return nullptr;
+}
+
+foundation::PropertyList MPMediaItem::valueForProperty(std::string_view name) const {
+    if (const auto* stored = storedProperty(name))
+        return *stored;
+    MediaPort* port = MediaPort::current();
+    if (name != MPMediaItemPropertyLyrics || !port || persistentID() == 0)
+        return {};
+    const auto lyrics = port->lyrics(persistentID());
+    return lyrics ? foundation::PropertyList(*lyrics) : foundation::PropertyList();
+}
+
+std::string MPMediaItem::artist() const {
+    const auto* artist = storedProperty(MPMediaItemPropertyArtist);
+    return artist && artist->string() ? *artist->string() : std::string();
+}
+
+std::int64_t MPMediaItem::persistentID() const {
+    const auto* identifier = storedProperty(MPMediaItemPropertyPersistentID);
+    return identifier ? identifier->integerValue() : 0;
+}
+
+std::shared_ptr<MPMediaItemArtwork> MPMediaItem::artwork() const {
+    return cover_ == Cover::InLibrary ? std::make_shared<MPMediaItemArtwork>(persistentID()) : nullptr;
 }
 
 } // namespace media

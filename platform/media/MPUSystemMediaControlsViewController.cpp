@@ -17,6 +17,7 @@ runtime::Class& Self::staticClass() {
             .method("nowPlayingController:elapsedTimeDidChange:", &Self::hostElapsedTimeDidChange)
             .method("_launchCurrentNowPlayingApp", &Self::hostLaunchCurrentNowPlayingApp)
             .instanceVariable("_mediaControlsView", &Self::mediaControlsView_)
+            .instanceVariable("_nowPlayingIsRadioStation", &Self::nowPlayingIsRadioStation_)
             .build();
     return cls;
 }
@@ -29,10 +30,10 @@ void Self::loadView() {
     setView(mediaControlsView_);
 }
 
-void Self::nowPlayingApplicationDidChange(Object* controller, std::shared_ptr<Object> application) {
-    static const runtime::Message<void(Object*, std::shared_ptr<Object>)> message{
+void Self::nowPlayingApplicationDidChange(Object* controller, std::optional<std::string> bundleIdentifier) {
+    static const runtime::Message<void(Object*, std::optional<std::string>)> message{
         "nowPlayingController:nowPlayingApplicationDidChange:"};
-    message(*this, controller, std::move(application));
+    message(*this, controller, std::move(bundleIdentifier));
 }
 
 void Self::playbackStateDidChange(Object* controller, bool playing) {
@@ -59,7 +60,7 @@ void Self::_launchCurrentNowPlayingApp() {
 }
 
 // Without a player behind them the controls have nothing to show of what is reported.
-void Self::hostApplicationDidChange(Object*, std::shared_ptr<Object>) {}
+void Self::hostApplicationDidChange(Object*, std::optional<std::string>) {}
 void Self::hostPlaybackStateDidChange(Object*, bool) {}
 void Self::hostInfoDidChange(Object*, foundation::PropertyList) {}
 void Self::hostElapsedTimeDidChange(Object*, double) {}

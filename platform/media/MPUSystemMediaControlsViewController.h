@@ -1,12 +1,18 @@
 // The system's now-playing controls, which others may host in a window of their own.
 //
 // What a now-playing controller reports arrives as messages, so that an extension can listen in by replacing
-// them. `controller` is whoever reports.
+// them. `controller` is whoever reports, an MPUNowPlayingController. Two instance variables can be read by
+// name:
+// "_mediaControlsView" and the truth value "_nowPlayingIsRadioStation".
 #pragma once
 
 #include "platform/foundation/PropertyList.h"
 #include "platform/media/MPUMediaControlsView.h"
+#include "platform/runtime/Boolean.h"
 #include "platform/toolkit/views/UIViewController.h"
+
+#include <optional>
+#include <string>
 
 namespace media {
 
@@ -19,9 +25,9 @@ public:
     std::int64_t style() const { return style_; }
     void loadView() override;
 
-    /// nowPlayingController:nowPlayingApplicationDidChange:, with null when nothing plays.
+    /// nowPlayingController:nowPlayingApplicationDidChange:, with nothing when no application plays.
     void nowPlayingApplicationDidChange(runtime::Object* controller,
-                                        std::shared_ptr<runtime::Object> application);
+                                        std::optional<std::string> bundleIdentifier);
     /// nowPlayingController:playbackStateDidChange:
     void playbackStateDidChange(runtime::Object* controller, bool playing);
     /// nowPlayingController:nowPlayingInfoDidChange:, with a dictionary or nil.
@@ -31,8 +37,11 @@ public:
     /// Brings the application that plays to the front.
     void _launchCurrentNowPlayingApp();
 
+    bool nowPlayingIsRadioStation() const { return nowPlayingIsRadioStation_->value(); }
+    void setNowPlayingIsRadioStation(bool radioStation) { nowPlayingIsRadioStation_->setValue(radioStation); }
+
 private:
-    void hostApplicationDidChange(runtime::Object* controller, std::shared_ptr<runtime::Object> application);
+    void hostApplicationDidChange(runtime::Object* controller, std::optional<std::string> bundleIdentifier);
     void hostPlaybackStateDidChange(runtime::Object* controller, bool playing);
     void hostInfoDidChange(runtime::Object* controller, foundation::PropertyList info);
     void hostElapsedTimeDidChange(runtime::Object* controller, double elapsed);
@@ -40,6 +49,7 @@ private:
 
     std::int64_t style_;
     std::shared_ptr<MPUMediaControlsView> mediaControlsView_;
+    std::shared_ptr<runtime::Boolean> nowPlayingIsRadioStation_ = std::make_shared<runtime::Boolean>();
 };
 
 } // namespace media

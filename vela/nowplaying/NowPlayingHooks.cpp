@@ -2,8 +2,8 @@
 
 namespace vela::nowplaying {
 
-void applicationDidChange(Object& self, Object* controller, std::shared_ptr<Object> application) {
-    originalApplicationDidChange(self, controller, std::move(application));
+void applicationDidChange(Object& self, Object* controller, std::optional<std::string> bundleIdentifier) {
+    originalApplicationDidChange(self, controller, std::move(bundleIdentifier));
 }
 
 void playbackStateDidChange(Object& self, Object* controller, bool playing) {

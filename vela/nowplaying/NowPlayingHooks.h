@@ -7,21 +7,23 @@
 #include "platform/runtime/Object.h"
 
 #include <functional>
-#include <memory>
+#include <optional>
+#include <string>
 
 namespace vela::nowplaying {
 
 using foundation::PropertyList;
 using runtime::Object;
 
-void applicationDidChange(Object& self, Object* controller, std::shared_ptr<Object> application);
+/// `bundleIdentifier` names the application that plays; nothing when there is none.
+void applicationDidChange(Object& self, Object* controller, std::optional<std::string> bundleIdentifier);
 void playbackStateDidChange(Object& self, Object* controller, bool playing);
 void infoDidChange(Object& self, Object* controller, PropertyList info);
 void elapsedTimeDidChange(Object& self, Object* controller, double elapsed);
 void scrollLyric(Object& self);
 void launchCurrentNowPlayingApp(Object& self);
 
-inline std::function<void(Object&, Object*, std::shared_ptr<Object>)> originalApplicationDidChange;
+inline std::function<void(Object&, Object*, std::optional<std::string>)> originalApplicationDidChange;
 inline std::function<void(Object&, Object*, bool)> originalPlaybackStateDidChange;
 inline std::function<void(Object&, Object*, PropertyList)> originalInfoDidChange;
 inline std::function<void(Object&, Object*, double)> originalElapsedTimeDidChange;
