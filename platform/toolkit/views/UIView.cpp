@@ -280,7 +280,11 @@ void UIView::layoutIfNeeded() {
 void UIView::layoutTree() {
     if (needsLayout_) {
         needsLayout_ = false;
+        if (viewController_)
+            viewController_->viewWillLayoutSubviews();
         layoutSubviews();
+        if (viewController_)
+            viewController_->viewDidLayoutSubviews();
     }
     if (!descendantNeedsLayout_)
         return;

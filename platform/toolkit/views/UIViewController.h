@@ -32,6 +32,14 @@ public:
     virtual void viewDidLoad() {}
     void setView(std::shared_ptr<UIView> view);
 
+    // Told by whoever brings the view to the screen; overriders call the base.
+    virtual void viewWillAppear(bool /*animated*/) {}
+    virtual void viewDidAppear(bool /*animated*/) {}
+    virtual void viewWillDisappear(bool /*animated*/) {}
+    // Around every layoutSubviews() of the view.
+    virtual void viewWillLayoutSubviews() {}
+    virtual void viewDidLayoutSubviews() {}
+
     void addChildViewController(std::shared_ptr<UIViewController> child);
     const std::vector<std::shared_ptr<UIViewController>>& childViewControllers() const { return children_; }
 

@@ -1,0 +1,19 @@
+#include "platform/preferences/SLComposeViewController.h"
+
+namespace preferences {
+
+runtime::Class& SLComposeViewController::staticClass() {
+    static auto& cls = runtime::ClassBuilder<SLComposeViewController>("SLComposeViewController",
+                                                                      &UIViewController::staticClass())
+                           .build();
+    return cls;
+}
+RUNTIME_REGISTER_CLASS(SLComposeViewController)
+
+void SLComposeViewController::complete(Result result) {
+    const auto kept = shared_from_this(); // the handler may let go of the sheet
+    if (completed_)
+        completed_(result);
+}
+
+} // namespace preferences
