@@ -1,0 +1,153 @@
+#include "hosts/media/choice/NowPlayingChoice.h"
+
+#include "platform/foundation/RunLoop.h"
+#include "platform/media/MPUNowPlayingController.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <tuple>
+
+namespace playback {
+
+namespace {
+
+constexpr double elapsedInterval = 1; // seconds
+
+struct Player {
+    std::shared_ptr<NowPlayingSource> source;
+    bool playing = false;
+    std::uint64_t lastHeard = 0; // when it started or stopped last, by the count of such events
+    foundation::Handle observer;
+};
+
+} // namespace
+
+struct NowPlayingChoice::State : std::enable_shared_from_this<State> {
+    /// What of the chosen player is still to be reported.
+    struct Pending {
+        bool playing = false;
+        bool info = false;
+        bool elapsed = false;
+    };
+
+    void changed(Player& player, NowPlayingSource::Change change);
+    void noteStartsAndStops(Player& player);
+    void reportLater();
+    void report();
+    void updateTimer();
+    std::shared_ptr<NowPlayingSource> best() const;
+
+    std::vector<std::unique_ptr<Player>> players;
+    std::vector<std::shared_ptr<NowPlayingSource>> sources;
+    std::shared_ptr<NowPlayingSource> chosen;
+    std::uint64_t events = 0;
+    bool radioStation = false;
+    Pending pending;
+    bool reportUnderWay = false;
+    foundation::Handle timer;
+};
+
+NowPlayingChoice::NowPlayingChoice() : state_(std::make_shared<State>()) {}
+NowPlayingChoice::~NowPlayingChoice() = default;
+
+void NowPlayingChoice::add(std::shared_ptr<NowPlayingSource> source) {
+    auto player = std::make_unique<Player>();
+    Player& added = *player;
+    added.source = source;
+    added.observer = source->addObserver(
+        [state = state_.get(), &added](NowPlayingSource::Change change) { state->changed(added, change); });
+    state_->players.push_back(std::move(player));
+    state_->sources.push_back(std::move(source));
+    state_->noteStartsAndStops(added);
+    state_->reportLater();
+}
+
+void NowPlayingChoice::remove(const NowPlayingSource& source) {
+    std::erase_if(state_->players, [&](const auto& player) { return player->source.get() == &source; });
+    std::erase_if(state_->sources, [&](const auto& each) { return each.get() == &source; });
+    state_->reportLater();
+}
+
+const std::vector<std::shared_ptr<NowPlayingSource>>& NowPlayingChoice::sources() const {
+    return state_->sources;
+}
+
+std::shared_ptr<NowPlayingSource> NowPlayingChoice::chosen() const {
+    return state_->best();
+}
+
+std::shared_ptr<NowPlayingSource> NowPlayingChoice::State::best() const {
+    std::shared_ptr<NowPlayingSource> best;
+    std::tuple<bool, std::uint64_t> rank;
+    for (const auto& player : players) {
+        const std::tuple ranked{player->playing, player->lastHeard};
+        if (player->source->nowPlayingInfo().isNil() || (best && ranked <= rank))
+            continue;
+        best = player->source;
+        rank = ranked;
+    }
+    return best;
+}
+
+void NowPlayingChoice::State::noteStartsAndStops(Player& player) {
+    const bool playing = player.source->isPlaying();
+    if (playing != player.playing)
+        player.lastHeard = ++events;
+    player.playing = playing;
+}
+
+void NowPlayingChoice::State::changed(Player& player, NowPlayingSource::Change change) {
+    noteStartsAndStops(player);
+    if (player.source == chosen) {
+        pending.playing |= change == NowPlayingSource::Change::Playing;
+        pending.info |= change == NowPlayingSource::Change::Info;
+        pending.elapsed |= change == NowPlayingSource::Change::Elapsed;
+    }
+    reportLater();
+}
+
+// Changes come in bunches: another song is another title, another length and a leap. They are reported once.
+void NowPlayingChoice::State::reportLater() {
+    if (std::exchange(reportUnderWay, true))
+        return;
+    foundation::RunLoop::main().performOnMain([weak = weak_from_this()] {
+        if (const auto state = weak.lock())
+            state->report();
+    });
+}
+
+void NowPlayingChoice::State::report() {
+    reportUnderWay = false;
+    Pending due = std::exchange(pending, {});
+    auto& controller = media::MPUNowPlayingController::sharedController();
+    const auto now = best();
+    const bool otherPlayer = now != std::exchange(chosen, now);
+    const bool radio = now && now->isRadioStation();
+    // A stream that follows a song is news for whoever follows the playing state, too.
+    due.playing |= otherPlayer || radio != std::exchange(radioStation, radio);
+    due.info |= due.playing;
+    due.elapsed |= due.info;
+    controller.setRadioStation(radio);
+    if (otherPlayer)
+        controller.applicationDidChange(now ? std::optional(now->bundleIdentifier()) : std::nullopt);
+    if (due.playing)
+        controller.playbackStateDidChange(now && now->isPlaying());
+    if (due.info)
+        controller.infoDidChange(now ? now->nowPlayingInfo() : foundation::PropertyList());
+    if (due.elapsed)
+        controller.elapsedTimeDidChange(now ? now->elapsed() : 0);
+    updateTimer();
+}
+
+void NowPlayingChoice::State::updateTimer() {
+    const bool runs = chosen && chosen->isPlaying();
+    if (runs == static_cast<bool>(timer))
+        return;
+    timer.reset();
+    if (runs)
+        timer = foundation::RunLoop::main().scheduleTimer(elapsedInterval, true, [this] {
+            media::MPUNowPlayingController::sharedController().elapsedTimeDidChange(chosen->elapsed());
+        });
+}
+
+} // namespace playback
