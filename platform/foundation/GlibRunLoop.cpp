@@ -1,6 +1,7 @@
 #include "platform/foundation/GlibRunLoop.h"
 
 #include "platform/foundation/BackgroundQueue.h"
+#include "platform/foundation/HTTPThread.h"
 #include "platform/foundation/TimedSource.h"
 
 #include <algorithm>
@@ -141,7 +142,9 @@ void GlibRunLoop::State::runBlocks() {
 GlibRunLoop::GlibRunLoop() : state_(std::make_shared<State>(*this)) {}
 
 GlibRunLoop::~GlibRunLoop() {
-    // While the loop still stands: what runs in the background asks for blocks until it ends.
+    // While the loop still stands: transfers report to it, and what runs in the background asks for blocks
+    // until it ends.
+    HTTPThread::stop();
     state_->background.finish();
 }
 

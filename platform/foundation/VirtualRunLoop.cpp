@@ -1,5 +1,8 @@
 #include "platform/foundation/VirtualRunLoop.h"
 
+#include "platform/foundation/HTTPThread.h"
+#include "platform/foundation/OutsideWork.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -54,8 +57,15 @@ Handle handleFor(const std::shared_ptr<std::list<std::shared_ptr<T>>>& list,
 
 } // namespace
 
-VirtualRunLoop::VirtualRunLoop() = default;
-VirtualRunLoop::~VirtualRunLoop() = default;
+VirtualRunLoop::VirtualRunLoop() {
+    OutsideWork::shared().hold();
+}
+
+VirtualRunLoop::~VirtualRunLoop() {
+    // While the loop still stands: transfers that end report to it.
+    HTTPThread::stop();
+    OutsideWork::shared().letGo();
+}
 
 Handle VirtualRunLoop::scheduleTimer(double interval, bool repeats, std::function<void()> fire) {
     auto timer = std::make_shared<Timer>();
@@ -92,6 +102,7 @@ void VirtualRunLoop::advance(double seconds) {
 void VirtualRunLoop::advanceTo(double target) {
     // What was changed from outside ends its turn before the clock moves.
     settle();
+    settleOutsideWork();
     for (;;) {
         const auto timer = nextTimer();
         const double due = std::min(timer ? timer->due() : never, nextFrameTime());
@@ -101,6 +112,7 @@ void VirtualRunLoop::advanceTo(double target) {
         runTimers();
         runLinks();
         settle();
+        settleOutsideWork();
     }
     now_ = std::max(now_, target);
 }
@@ -115,6 +127,17 @@ void VirtualRunLoop::settle() {
     do
         turn();
     while (hasBlocks() && ++turns < turnsInMoment);
+}
+
+void VirtualRunLoop::settleOutsideWork() {
+    for (int rounds = 0; rounds < turnsInMoment; ++rounds) {
+        const auto ends = OutsideWork::shared().takeEnds(patience_);
+        if (ends.empty())
+            return;
+        for (const auto& deliver : ends)
+            deliver();
+        settle();
+    }
 }
 
 bool VirtualRunLoop::runUntil(const std::function<bool()>& done, double limit) {

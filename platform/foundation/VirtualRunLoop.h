@@ -1,7 +1,8 @@
 // A main loop whose clock moves only when it is told to, from one due moment to the next.
 //
 // Everything is deterministic: what is due at the same moment runs in the order in which it was scheduled,
-// timers before the display links of that moment.
+// timers before the display links of that moment. What runs outside in real time, requests to servers, is
+// waited for before the clock moves, so that it takes no time by this clock.
 #pragma once
 
 #include "platform/foundation/RunLoop.h"
@@ -31,6 +32,10 @@ public:
     /// Advances frame by frame until `done` holds; false when `limit` seconds did not suffice.
     bool runUntil(const std::function<bool()>& done, double limit);
 
+    /// How long, in seconds of real time, is waited for what runs outside; the clock then goes on without it.
+    /// With 0 nothing is waited for, and its ends come when they come.
+    void setPatience(double seconds) { patience_ = seconds; }
+
 private:
     struct Timer {
         double begin = 0;
@@ -50,6 +55,8 @@ private:
     void advanceTo(double target);
     /// Runs turns at the present moment until no block waits, with a limit for blocks without an end.
     void settle();
+    /// Waits for what runs outside, until it has led to nothing further.
+    void settleOutsideWork();
     bool hasBlocks();
     void runBlocks();
     std::shared_ptr<Timer> nextTimer() const;
@@ -58,6 +65,7 @@ private:
     void runLinks();
 
     double now_ = 0;
+    double patience_ = 75; // longer than any request may take without an answer
     std::uint64_t order_ = 0;
     std::mutex blocksMutex_;
     std::deque<std::function<void()>> blocks_;
