@@ -146,8 +146,8 @@ class Libraries(LintTest):
         "<wayland-client.h>": "hosts/session",
         "<curl/curl.h>": "platform/foundation",
         "<plist/plist.h>": "platform/foundation",
-        "<gst/gst.h>": "platform/media",
-        "<taglib/fileref.h>": "platform/media",
+        "<gst/gst.h>": "hosts/media/engine",
+        "<taglib/fileref.h>": "hosts/media/library",
     }
 
     def test_a_library_is_named_in_its_home(self):
