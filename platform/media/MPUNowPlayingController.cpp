@@ -58,11 +58,18 @@ void MPUNowPlayingController::elapsedTimeDidChange(double seconds) {
         each->elapsedTimeDidChange(this, seconds);
 }
 
+void MPUNowPlayingController::volumeDidChange(double volume) {
+    volume_ = volume;
+    for (const auto& each : controls())
+        each->volumeDidChange(volume);
+}
+
 void MPUNowPlayingController::addControls(
     const std::shared_ptr<MPUSystemMediaControlsViewController>& controls) {
     std::erase_if(controls_, [](const auto& each) { return each.expired(); });
     controls_.push_back(controls);
     controls->setNowPlayingIsRadioStation(radioStation_);
+    controls->volumeDidChange(volume_);
     // Whoever makes controls is to have put them in their place before they hear anything.
     const std::weak_ptr<MPUSystemMediaControlsViewController> added = controls;
     foundation::RunLoop::main().performOnMain([this, added] {

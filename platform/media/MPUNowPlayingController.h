@@ -34,6 +34,8 @@ public:
     double currentElapsed() const { return elapsed_; }
     /// Seconds; 0 when it is not known or there is no end.
     double currentDuration() const;
+    /// Of the phone, from 0 to 1.
+    double currentVolume() const { return volume_; }
 
     // What a host reports. A change of several things is reported in this order.
 
@@ -46,6 +48,7 @@ public:
     void infoDidChange(foundation::PropertyList info);
     /// About once a second while something plays, and after every leap.
     void elapsedTimeDidChange(double seconds);
+    void volumeDidChange(double volume);
 
     /// Tells `controls` of every further report, and, in a later turn, how things stand by then. They are
     /// not owned.
@@ -60,6 +63,7 @@ private:
     std::optional<std::string> bundleIdentifier_;
     foundation::PropertyList info_;
     double elapsed_ = 0;
+    double volume_ = 0.5;
     bool playing_ = false;
     bool radioStation_ = false;
 };

@@ -1,5 +1,7 @@
 #include "platform/media/MPUSystemMediaControlsViewController.h"
 
+#include "platform/media/MPUNowPlayingController.h"
+#include "platform/media/NowPlayingInfo.h"
 #include "platform/runtime/Message.h"
 
 using runtime::Object;
@@ -23,11 +25,36 @@ runtime::Class& Self::staticClass() {
 }
 RUNTIME_REGISTER_CLASS(MPUSystemMediaControlsViewController)
 
+namespace {
+
+constexpr std::int64_t lightSigns = 1;
+/// Stands for what plays while nothing does.
+constexpr const char* musicApplication = "com.apple.Music";
+
+std::string text(const foundation::PropertyList& info, const char* key) {
+    const std::string* text = info[key].string();
+    return text ? *text : std::string();
+}
+
+} // namespace
+
 Self::MPUSystemMediaControlsViewController(std::int64_t style) : style_(style) {}
 
 void Self::loadView() {
     mediaControlsView_ = std::make_shared<MPUMediaControlsView>();
+    mediaControlsView_->setColor(style_ == lightSigns ? toolkit::Color::white(1) : toolkit::Color::black());
+    mediaControlsView_->setActions({[](RemoteCommand command) {
+                                        if (MediaPort* port = MediaPort::current())
+                                            port->perform(command);
+                                    },
+                                    [](double seconds) {
+                                        if (MediaPort* port = MediaPort::current())
+                                            port->seek(seconds);
+                                    },
+                                    [this] { _launchCurrentNowPlayingApp(); }});
     setView(mediaControlsView_);
+    if (const auto self = std::static_pointer_cast<Self>(weak_from_this().lock()))
+        MPUNowPlayingController::sharedController().addControls(self);
 }
 
 void Self::nowPlayingApplicationDidChange(Object* controller, std::optional<std::string> bundleIdentifier) {
@@ -59,11 +86,48 @@ void Self::_launchCurrentNowPlayingApp() {
     message(*this);
 }
 
-// Without a player behind them the controls have nothing to show of what is reported.
-void Self::hostApplicationDidChange(Object*, std::optional<std::string>) {}
-void Self::hostPlaybackStateDidChange(Object*, bool) {}
-void Self::hostInfoDidChange(Object*, foundation::PropertyList) {}
-void Self::hostElapsedTimeDidChange(Object*, double) {}
-void Self::hostLaunchCurrentNowPlayingApp() {}
+void Self::hostApplicationDidChange(Object*, std::optional<std::string> bundleIdentifier) {
+    bundleIdentifier_ = std::move(bundleIdentifier);
+}
+
+void Self::hostPlaybackStateDidChange(Object*, bool playing) {
+    if (mediaControlsView_)
+        mediaControlsView_->setPlaying(playing);
+}
+
+void Self::hostInfoDidChange(Object*, foundation::PropertyList info) {
+    if (mediaControlsView_)
+        showInfo(info);
+}
+
+void Self::hostElapsedTimeDidChange(Object*, double elapsed) {
+    if (mediaControlsView_)
+        mediaControlsView_->timeView()->setElapsedTime(elapsed);
+}
+
+void Self::hostLaunchCurrentNowPlayingApp() {
+    if (MediaPort* port = MediaPort::current())
+        port->launchApplication(bundleIdentifier_.value_or(musicApplication));
+}
+
+void Self::volumeDidChange(double volume) {
+    if (mediaControlsView_)
+        mediaControlsView_->volumeView()->setVolume(volume);
+}
+
+void Self::showInfo(const foundation::PropertyList& info) {
+    const std::string title = text(info, kMRMediaRemoteNowPlayingInfoTitle),
+                      station = text(info, kMRMediaRemoteNowPlayingInfoRadioStationName),
+                      artist = text(info, kMRMediaRemoteNowPlayingInfoArtist),
+                      album = text(info, kMRMediaRemoteNowPlayingInfoAlbum);
+    MPUMediaControlsView& view = *mediaControlsView_;
+    view.setTitle(title.empty() ? station : title);
+    const std::string& place = title.empty() ? album : station.empty() ? album : station;
+    view.setSubtitle(artist.empty() || place.empty() ? artist + place : artist + " — " + place);
+    view.timeView()->setAlwaysLive(nowPlayingIsRadioStation());
+    view.timeView()->setTotalDuration(info[kMRMediaRemoteNowPlayingInfoDuration].doubleValue());
+    if (info.isNil())
+        view.timeView()->setElapsedTime(0);
+}
 
 } // namespace media

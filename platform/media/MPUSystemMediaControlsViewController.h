@@ -19,11 +19,13 @@ namespace media {
 class MPUSystemMediaControlsViewController : public toolkit::UIViewController {
     RUNTIME_CLASS()
 public:
-    /// initWithStyle:
+    /// initWithStyle: with 1 for light signs on dark glass, anything else for dark ones on light glass.
     explicit MPUSystemMediaControlsViewController(std::int64_t style);
 
     std::int64_t style() const { return style_; }
     void loadView() override;
+    /// The view as what it is; made by now.
+    const std::shared_ptr<MPUMediaControlsView>& mediaControlsView() const { return mediaControlsView_; }
 
     /// nowPlayingController:nowPlayingApplicationDidChange:, with nothing when no application plays.
     void nowPlayingApplicationDidChange(runtime::Object* controller,
@@ -39,6 +41,8 @@ public:
 
     bool nowPlayingIsRadioStation() const { return nowPlayingIsRadioStation_->value(); }
     void setNowPlayingIsRadioStation(bool radioStation) { nowPlayingIsRadioStation_->setValue(radioStation); }
+    /// The phone's volume, from 0 to 1.
+    void volumeDidChange(double volume);
 
 private:
     void hostApplicationDidChange(runtime::Object* controller, std::optional<std::string> bundleIdentifier);
@@ -47,7 +51,10 @@ private:
     void hostElapsedTimeDidChange(runtime::Object* controller, double elapsed);
     void hostLaunchCurrentNowPlayingApp();
 
+    void showInfo(const foundation::PropertyList& info);
+
     std::int64_t style_;
+    std::optional<std::string> bundleIdentifier_; // of the application that plays
     std::shared_ptr<MPUMediaControlsView> mediaControlsView_;
     std::shared_ptr<runtime::Boolean> nowPlayingIsRadioStation_ = std::make_shared<runtime::Boolean>();
 };
