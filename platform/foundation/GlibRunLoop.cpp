@@ -146,6 +146,7 @@ GlibRunLoop::~GlibRunLoop() {
     // until it ends.
     HTTPThread::stop();
     state_->background.finish();
+    HTTPThread::stop(); // of what the last pieces have started
 }
 
 double GlibRunLoop::now() const {

@@ -13,6 +13,8 @@ namespace {
 
 constexpr const char* allowedSchemes = "http,https";
 
+std::atomic<bool> onlyThisMachine = false;
+
 struct FreeList {
     void operator()(curl_slist* list) const { curl_slist_free_all(list); }
 };
@@ -127,15 +129,20 @@ HTTPTransfer::HTTPTransfer(const URLRequest& request, const URLSessionConfigurat
 
 HTTPTransfer::~HTTPTransfer() = default;
 
+void HTTPTransfer::keepToThisMachine(bool keep) {
+    onlyThisMachine = keep;
+}
+
 CURL* HTTPTransfer::handle() const {
     return native_->handle.get();
 }
 
 void HTTPTransfer::configure(const URLRequest& request, const URLSessionConfiguration& configuration) {
     CURL* curl = handle();
+    outOfReach_ = onlyThisMachine && !isThisMachine(host_);
     // A text that ends early for the library would be another address than the one that was asked for.
     const bool whole = request.url.find('\0') == std::string::npos;
-    curl_easy_setopt(curl, CURLOPT_URL, whole ? request.url.c_str() : "");
+    curl_easy_setopt(curl, CURLOPT_URL, whole && !outOfReach_ ? request.url.c_str() : "");
     curl_easy_setopt(curl, CURLOPT_PATH_AS_IS, 1L);
     curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, allowedSchemes);
     curl_easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS_STR, allowedSchemes);
@@ -212,6 +219,8 @@ bool HTTPTransfer::receiveBody(std::string_view bytes) {
 }
 
 URLError HTTPTransfer::errorOf(int code) const {
+    if (outOfReach_)
+        return {URLErrorCode::NotConnectedToInternet, "only this machine may be reached"};
     const auto native = static_cast<CURLcode>(code);
     return {tooLarge_ ? URLErrorCode::DataLengthExceedsMaximum : codeOf(native), curl_easy_strerror(native)};
 }

@@ -38,6 +38,9 @@ public:
     void cancel() { cancelled_ = true; }
     bool isCancelled() const { return cancelled_; }
 
+    /// Lets later transfers reach no other machine than this one.
+    static void keepToThisMachine(bool keep);
+
     CURL* handle() const;
     /// Transfers of one session to one host share connections, and no more than mostConnections of them.
     bool sharesConnectionsWith(const HTTPTransfer& other) const {
@@ -65,6 +68,7 @@ private:
     std::size_t maximumBytes_;
     std::size_t headerBytes_ = 0;
     bool tooLarge_ = false;
+    bool outOfReach_ = false;
     std::atomic<bool> cancelled_ = false;
     URLAnswer answer_;
     Ended ended_;

@@ -16,6 +16,7 @@ enum class URLErrorCode : int {
     CannotConnectToHost = -1004,
     NetworkConnectionLost = -1005,
     TooManyRedirects = -1007,
+    NotConnectedToInternet = -1009,
     BadServerResponse = -1011,
     DataLengthExceedsMaximum = -1103,
     SecureConnectionFailed = -1200,

@@ -39,6 +39,10 @@ void completeDownload(const URLAnswer& answer, const URLSession::DownloadComplet
 
 } // namespace
 
+void URLSession::setReach(Reach reach) {
+    HTTPTransfer::keepToThisMachine(reach == Reach::ThisMachine);
+}
+
 URLSession::URLSession(URLSessionConfiguration configuration)
     : configuration_(std::move(configuration)), identifier_(nextNumber()) {}
 

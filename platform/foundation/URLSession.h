@@ -2,7 +2,7 @@
 //
 // Tasks that run when the session goes run on to their end. Each completion is called exactly once on the
 // main loop's background queue, unless the loop ends first. An answer of any status is no error. Requests run
-// in real time; a virtual loop waits for them before it moves its clock (see OutsideWork.h). Main thread.
+// in real time; a virtual loop waits for them before it moves its clock (see OutsideWork.h). Any thread.
 #pragma once
 
 #include "platform/foundation/URLRequest.h"
@@ -21,6 +21,11 @@ public:
     /// error.
     using DownloadCompletion = std::function<void(const std::string& location, const URLResponse& response,
                                                   const std::optional<URLError>& error)>;
+
+    /// Where requests may go. A run that shall be the same everywhere keeps to this machine: a request to any
+    /// other fails at once with URLErrorCode::NotConnectedToInternet. Set once, before the first request.
+    enum class Reach { Everywhere, ThisMachine };
+    static void setReach(Reach reach);
 
     explicit URLSession(URLSessionConfiguration configuration = {});
 

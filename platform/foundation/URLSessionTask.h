@@ -18,7 +18,7 @@ public:
     URLSessionTask() = default;
     URLSessionTask(std::shared_ptr<HTTPTransfer> transfer, Completion completion);
 
-    /// Starts it, on the main thread; a second time is without effect.
+    /// Starts it; there must be a main loop. A second time is without effect.
     void resume();
     /// Ends it with URLErrorCode::Cancelled, if it has not ended. Any thread.
     void cancel();

@@ -2,6 +2,7 @@
 //
 // A title may hold anything, also what leads out of the folder: FileManager resolves no such name.
 #include "platform/foundation/FileManager.h"
+#include "platform/foundation/TextReplacement.h"
 #include "platform/toolkit/rendering/ImageFile.h"
 #include "platform/toolkit/windows/UIScreen.h"
 #include "vela/stores/Paths.h"
@@ -33,14 +34,9 @@ std::vector<std::string> listArtworks() {
     return FileManager::shared().contentsOfDirectory(paths::artworks).value_or(std::vector<std::string>());
 }
 
-void removeEvery(std::string& text, std::string_view part) {
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at))
-        text.erase(at, part.size());
-}
-
 std::string entryName(std::string fileName) {
     for (const char* part : {extension, "@2x", "@3x"})
-        removeEvery(fileName, part);
+        fileName = foundation::replacingOccurrences(fileName, part, "");
     return fileName;
 }
 
