@@ -45,6 +45,27 @@ TEST_F(Keyboard, StaysAwayUntilSomethingTakesText) {
     EXPECT_EQ(window->frame(), (Rect{0, 451, 375, 216}));
 }
 
+TEST_F(Keyboard, LiesAboveTheWindowThatIsTypedInto) {
+    start();
+    const auto overlay = std::make_shared<UIWindow>();
+    overlay->setFrame({0, 0, 300, 667});
+    overlay->setWindowLevel(2001);
+    const auto field = std::make_shared<UITextField>();
+    field->setFrame({0, 0, 300, 44});
+    overlay->addSubview(field);
+    overlay->setHidden(false);
+    field->becomeFirstResponder();
+    loop.advance(0.5);
+    EXPECT_GT(find<phone::KeyboardWindow>()->windowLevel(), 2001);
+    type("ab");
+    EXPECT_EQ(field->text(), "Ab");
+    field->resignFirstResponder();
+    loop.advance(0.5);
+
+    openNote();
+    EXPECT_EQ(find<phone::KeyboardWindow>()->windowLevel(), 1100);
+}
+
 TEST_F(Keyboard, SlidesInOverAQuarterOfASecond) {
     start();
     auto* window = find<phone::KeyboardWindow>();

@@ -4,13 +4,21 @@
 #include "platform/toolkit/views/TextInput.h"
 #include "platform/toolkit/windows/UIScreen.h"
 
+#include <algorithm>
+
 using namespace toolkit;
 
 namespace phone {
 
 namespace {
 constexpr double slideDuration = 0.25; // seconds
+
+/// The window that is typed into; null when there is none.
+const UIWindow* focusedWindow() {
+    const auto* view = dynamic_cast<const UIView*>(TextInput::current());
+    return view ? view->window() : nullptr;
 }
+} // namespace
 
 runtime::Class& KeyboardWindow::staticClass() {
     static runtime::Class& cls =
@@ -25,7 +33,21 @@ KeyboardWindow::KeyboardWindow(std::function<void(Rect)> frameChanged)
     keyboard_ = std::make_shared<Keyboard>([this] { setShown(false); });
     setRootViewController(std::make_shared<ScreenController>(keyboard_, orientationMaskAll));
     setFrame(hiddenFrame());
-    focus_ = TextInput::addObserver([this](TextInput* input) { setShown(input != nullptr); });
+    focus_ = TextInput::addObserver([this](TextInput* input) {
+        if (input)
+            lieAboveFocus();
+        setShown(input != nullptr);
+    });
+}
+
+void KeyboardWindow::lieAboveFocus() {
+    const UIWindow* window = focusedWindow();
+    setWindowLevel(std::max(levels::keyboard, window ? window->windowLevel() + 1 : 0));
+}
+
+bool KeyboardWindow::_shouldCreateContextAsSecure() const {
+    const UIWindow* window = focusedWindow();
+    return window && window->_shouldCreateContextAsSecure();
 }
 
 Rect KeyboardWindow::shownFrame() const {
@@ -52,6 +74,7 @@ void KeyboardWindow::setShown(bool shown) {
     shown_ = shown;
     if (shown) {
         keyboard_->reset();
+        lieAboveFocus();
         if (isHidden())
             setFrame(hiddenFrame());
         setHidden(false);

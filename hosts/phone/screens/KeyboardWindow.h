@@ -1,4 +1,6 @@
 // Brings the on-screen keyboard up when something takes the text focus, and down again when nothing has it.
+//
+// It lies above the window that is typed into, whichever that is, and is shown wherever that one may be.
 #pragma once
 
 #include "hosts/phone/screens/Keyboard.h"
@@ -19,7 +21,10 @@ public:
     /// Takes the place that the screen, as it now stands, has for it.
     void fitScreen();
 
+    bool _shouldCreateContextAsSecure() const override;
+
 private:
+    void lieAboveFocus();
     toolkit::Rect shownFrame() const;
     toolkit::Rect hiddenFrame() const;
 
