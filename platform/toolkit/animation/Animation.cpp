@@ -216,36 +216,36 @@ void AnimationEngine::layerWillDisappear(Layer& layer) {
 }
 
 void AnimationEngine::forgetIfIdle(Layer& layer) {
-    if (!layer.hasAnimations())
+    if (!layer.ensureAnimations().isMoving())
         state_->layers.erase(&layer);
 }
 
 // ---- Animations by key
 
-void AnimationEngine::addKeyed(Layer& layer, const std::string& key, LayerProperty property,
-                               const AnimatableValue& from, const AnimatableValue& to, double duration,
-                               AnimationCurve curve, double repeatCount) {
+void AnimationEngine::addKeyed(Layer& layer, const std::string& key, const BasicAnimation& animation) {
     removeKeyed(layer, key);
-    if (!(duration > 0 && repeatCount > 0))
+    if (!(animation.duration > 0 && animation.repeatCount > 0))
         return;
     Running running;
-    running.property = property;
-    running.from = from;
-    running.to = to;
+    running.property = animation.property;
+    running.from = animation.from;
+    running.to = animation.to;
     running.begin = foundation::RunLoop::main().now();
-    running.duration = duration;
-    running.curve = curve;
-    running.repeatCount = repeatCount;
+    running.duration = animation.duration;
+    running.curve = animation.curve;
+    running.repeatCount = animation.repeatCount;
+    running.removedOnCompletion = animation.removedOnCompletion;
     running.key = key;
     running.serial = ++state_->serial;
     if (!state_->transactions.empty()) {
         running.transaction = state_->transactions.back();
         ++running.transaction->running_;
     }
-    if (std::isfinite(duration * repeatCount))
+    const double total = animation.duration * animation.repeatCount;
+    if (std::isfinite(total))
         running.expiry = std::make_shared<foundation::Handle>(foundation::RunLoop::main().scheduleTimer(
-            duration * repeatCount, false, [layer = &layer, serial = running.serial] {
-                AnimationEngine::shared().expireKeyed(*layer, serial);
+            total, false, [layer = &layer, serial = running.serial] {
+                AnimationEngine::shared().keyedEnded(*layer, serial);
             }));
     layer.ensureAnimations().running().push_back(std::move(running));
     state_->layers.insert(&layer);
@@ -259,13 +259,34 @@ void AnimationEngine::removeKeyed(Layer& layer, const std::string& key) {
     const auto found = std::find_if(running.begin(), running.end(),
                                     [&](const Running& one) { return !one.group && one.key == key; });
     if (found != running.end())
-        expireKeyed(layer, found->serial);
+        dropKeyed(layer, found->serial);
 }
 
-void AnimationEngine::expireKeyed(Layer& layer, std::uint64_t serial) {
+namespace {
+
+auto withSerial(std::vector<Running>& running, std::uint64_t serial) {
+    return std::find_if(running.begin(), running.end(),
+                        [serial](const Running& one) { return one.serial == serial; });
+}
+
+} // namespace
+
+/// The time of a keyed animation is over: it goes, or stays as the value that it ended with.
+void AnimationEngine::keyedEnded(Layer& layer, std::uint64_t serial) {
     auto& running = layer.ensureAnimations().running();
-    const auto found = std::find_if(running.begin(), running.end(),
-                                    [serial](const Running& one) { return one.serial == serial; });
+    const auto found = withSerial(running, serial);
+    if (found == running.end() || found->removedOnCompletion)
+        return dropKeyed(layer, serial);
+    found->ended = true;
+    forgetIfIdle(layer);
+    Layer::noteChange();
+    if (const auto transaction = std::exchange(found->transaction, nullptr))
+        transactionLost(transaction);
+}
+
+void AnimationEngine::dropKeyed(Layer& layer, std::uint64_t serial) {
+    auto& running = layer.ensureAnimations().running();
+    const auto found = withSerial(running, serial);
     if (found == running.end())
         return;
     const Running ended = std::move(*found);

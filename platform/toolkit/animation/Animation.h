@@ -7,8 +7,7 @@
 #pragma once
 
 #include "platform/foundation/Handle.h"
-#include "platform/toolkit/animation/AnimatableValue.h"
-#include "platform/toolkit/layers/LayerProperty.h"
+#include "platform/toolkit/animation/BasicAnimation.h"
 
 #include <cstdint>
 #include <functional>
@@ -53,8 +52,7 @@ public:
     void layerWillSet(Layer& layer, LayerProperty property, const AnimatableValue& newValue);
     void layerWillDisappear(Layer& layer);
     /// Adds one keyed animation, replacing the one of the same key.
-    void addKeyed(Layer& layer, const std::string& key, LayerProperty property, const AnimatableValue& from,
-                  const AnimatableValue& to, double duration, AnimationCurve curve, double repeatCount);
+    void addKeyed(Layer& layer, const std::string& key, const BasicAnimation& animation);
     void removeKeyed(Layer& layer, const std::string& key);
     /// What performTransaction() does.
     void transact(bool disableActions, const std::function<void()>& changes,
@@ -74,7 +72,8 @@ private:
     void endGroup(const std::shared_ptr<AnimationGroup>& group);
     void endSoon(const std::shared_ptr<AnimationGroup>& group);
     void transactionLost(const std::shared_ptr<AnimationGroup>& transaction);
-    void expireKeyed(Layer& layer, std::uint64_t serial);
+    void keyedEnded(Layer& layer, std::uint64_t serial);
+    void dropKeyed(Layer& layer, std::uint64_t serial);
     void forgetIfIdle(Layer& layer);
 
     struct State;

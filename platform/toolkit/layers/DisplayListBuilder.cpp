@@ -258,7 +258,8 @@ PixelRect DisplayListBuilder::touchedPixels(const DisplayLook& look) const {
     if (look.shadow.opacity > 0) {
         // Three standard deviations, and a pixel for each of the roundings on the way.
         const double reach = 3 * std::max(0.0, look.shadow.radius) + 3 / scale_;
-        const Rect cast = look.bounds.offsetBy(look.shadow.offset.width, look.shadow.offset.height);
+        const Rect cast = look.shadow.path.value_or(look.bounds)
+                              .offsetBy(look.shadow.offset.width, look.shadow.offset.height);
         touched = touched.united(PixelRect::around(look.toPixels.apply(cast.insetBy(-reach, -reach))));
     }
     return touched;

@@ -170,6 +170,20 @@ void Layer::setMask(std::optional<GradientMask> mask) {
     noteChange();
 }
 
+void Layer::setMaskPosition(Point position) {
+    if (!mask_ || position == mask_->position)
+        return;
+    mask_->position = position;
+    noteChange();
+}
+
+void Layer::setMaskBounds(Rect bounds) {
+    if (!mask_ || bounds == mask_->bounds)
+        return;
+    mask_->bounds = bounds;
+    noteChange();
+}
+
 void Layer::setBackdrop(std::optional<BackdropStyle> style) {
     if (style == backdrop_)
         return;
@@ -241,8 +255,7 @@ void Layer::removeFromSuperlayer() {
 }
 
 void Layer::addAnimation(const std::string& key, const BasicAnimation& animation) {
-    AnimationEngine::shared().addKeyed(*this, key, animation.property, animation.from, animation.to,
-                                       animation.duration, animation.curve, animation.repeatCount);
+    AnimationEngine::shared().addKeyed(*this, key, animation);
 }
 
 void Layer::removeAnimation(const std::string& key) {

@@ -6,7 +6,7 @@
 // only. Coordinates are points in the parent's space unless said otherwise.
 #pragma once
 
-#include "platform/toolkit/animation/AnimatableValue.h"
+#include "platform/toolkit/animation/BasicAnimation.h"
 #include "platform/toolkit/layers/LayerProperty.h"
 #include "platform/toolkit/rendering/Canvas.h"
 #include "platform/toolkit/rendering/Image.h"
@@ -37,6 +37,8 @@ struct Shadow {
     double opacity = 0;
     double radius = 3;
     Size offset{0, -3};
+    /// What casts it, in the layer's own coordinates; without one the layer's bounds.
+    std::optional<Rect> path = std::nullopt;
     friend bool operator==(const Shadow&, const Shadow&) = default;
 };
 
@@ -89,6 +91,9 @@ public:
     void setShadow(const Shadow& shadow);
     const std::optional<GradientMask>& mask() const { return mask_; }
     void setMask(std::optional<GradientMask> mask);
+    /// Moves or resizes the mask, if there is one, and costs nothing more. A mask is never animated.
+    void setMaskPosition(Point position);
+    void setMaskBounds(Rect bounds);
     /// A blurred, tinted picture of what lies beneath, instead of a background.
     std::optional<BackdropStyle> backdrop() const { return backdrop_; }
     void setBackdrop(std::optional<BackdropStyle> style);
@@ -119,14 +124,7 @@ public:
     void removeFromSuperlayer();
 
     // Animation.
-    struct BasicAnimation {
-        LayerProperty property;
-        AnimatableValue from;
-        AnimatableValue to;
-        double duration = 0.25; // seconds
-        AnimationCurve curve = AnimationCurve::Linear;
-        double repeatCount = 1; // may be infinite
-    };
+    using BasicAnimation = toolkit::BasicAnimation;
     /// Shows `animation` over the model value, which stays; one under the same key is replaced.
     void addAnimation(const std::string& key, const BasicAnimation& animation);
     void removeAnimation(const std::string& key);

@@ -1,5 +1,6 @@
 #include "platform/toolkit/layers/LayerAnimations.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace toolkit {
@@ -8,15 +9,19 @@ AnimatableValue LayerAnimations::Running::valueAt(double now) const {
     const double elapsed = now - begin;
     if (elapsed <= 0)
         return from;
-    if (!(duration > 0))
+    if (!(duration > 0) || now >= end())
         return to;
     const double rounds = elapsed / duration;
     return interpolate(from, to, curveValue(curve, rounds - std::floor(rounds)));
 }
 
+bool LayerAnimations::isMoving() const {
+    return std::any_of(running_.begin(), running_.end(), [](const Running& one) { return !one.ended; });
+}
+
 std::optional<AnimatableValue> LayerAnimations::value(LayerProperty property, double now) const {
     for (auto running = running_.rbegin(); running != running_.rend(); ++running)
-        if (running->property == property && now < running->end())
+        if (running->property == property && (now < running->end() || !running->removedOnCompletion))
             return running->valueAt(now);
     return std::nullopt;
 }

@@ -25,6 +25,8 @@ public:
         double duration = 0;
         AnimationCurve curve = AnimationCurve::EaseInOut;
         double repeatCount = 1;
+        bool removedOnCompletion = true;
+        bool ended = false;                          // and kept, for what it shows
         std::string key;                             // empty for a view animation
         std::shared_ptr<AnimationGroup> group;       // null for a keyed one
         std::shared_ptr<AnimationGroup> transaction; // that waits for this one, or null
@@ -33,12 +35,14 @@ public:
 
         /// When the model value shows again; infinite for an endless one.
         double end() const { return begin + duration * repeatCount; }
-        /// What is shown at `now`, before end().
+        /// What is shown at `now`; the value at the end from end() on.
         AnimatableValue valueAt(double now) const;
     };
 
     /// What the newest animation of `property` shows at `now`; nothing when there is none.
     std::optional<AnimatableValue> value(LayerProperty property, double now) const;
+    /// Whether any of them still changes what is shown.
+    bool isMoving() const;
     std::vector<Running>& running() { return running_; }
     const std::vector<Running>& running() const { return running_; }
 

@@ -72,8 +72,8 @@ void LayerPainter::paintItem(const DisplayItem& item, Canvas& canvas) {
 void LayerPainter::paintBody(const DisplayItem& item, Canvas& canvas) {
     const DisplayLook& look = item.look;
     if (look.shadow.opacity > 0)
-        canvas.drawShadow(look.bounds, look.cornerRadius, look.shadow.radius, look.shadow.offset,
-                          faded(look.shadow.color, look.shadow.opacity * look.opacity));
+        canvas.drawShadow(look.shadow.path.value_or(look.bounds), look.cornerRadius, look.shadow.radius,
+                          look.shadow.offset, faded(look.shadow.color, look.shadow.opacity * look.opacity));
     if (look.backdrop && drawBackdrop_)
         drawBackdrop_(canvas, item);
     else if (look.backdrop)

@@ -221,6 +221,17 @@ bool TextBlocks::measure(double top, double bottom) {
     return changed;
 }
 
+bool TextBlocks::isMeasured(double top, double bottom) const {
+    double y = 0;
+    for (const Block& block : blocks_) {
+        const double end = y + heightOf(block);
+        if (y < bottom && end > top && !block.size)
+            return false;
+        y = end;
+    }
+    return true;
+}
+
 // Looking
 
 void TextBlocks::forEachWithin(double top, double bottom,

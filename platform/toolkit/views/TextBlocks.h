@@ -46,6 +46,8 @@ public:
     double usedWidth() const;
     /// Measures the blocks that lie within the band; true when that has changed the height.
     bool measure(double top, double bottom);
+    /// Whether the blocks within the band have been measured already.
+    bool isMeasured(double top, double bottom) const;
 
     /// Visits the blocks that lie within the band, top down, each with the y of its top edge.
     void forEachWithin(double top, double bottom,

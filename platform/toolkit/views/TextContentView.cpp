@@ -50,6 +50,27 @@ double TextContentView::contentHeight() const {
     return insets_.top + blocks_.height() + insets_.bottom;
 }
 
+TextContentView::StripRange TextContentView::stripsWithin(double top, double bottom,
+                                                          double stripHeight) const {
+    const long first = static_cast<long>(std::floor(top / stripHeight));
+    const long last = static_cast<long>(std::ceil(bottom / stripHeight)) - 1;
+    return {first, std::min(last, first + maximumStrips - 1)};
+}
+
+bool TextContentView::shows(double top, double bottom, double stripHeight) const {
+    top = std::clamp(top, 0.0, contentHeight());
+    bottom = std::clamp(bottom, top, contentHeight());
+    if (stripHeight != stripHeight_ || !blocks_.isMeasured(top - insets_.top, bottom - insets_.top))
+        return false;
+    if (!(stripHeight > 0))
+        return true;
+    const StripRange seen = stripsWithin(top, bottom, stripHeight);
+    if (strips_.empty() || seen.last < seen.first)
+        return strips_.empty() && seen.last < seen.first;
+    // Strips lie without gaps: the first and the last one stand for all.
+    return strips_.begin()->first == seen.first && strips_.rbegin()->first == seen.last;
+}
+
 bool TextContentView::show(double top, double bottom, double stripHeight) {
     top = std::clamp(top, 0.0, contentHeight());
     bottom = std::clamp(bottom, top, contentHeight());
@@ -62,16 +83,14 @@ bool TextContentView::show(double top, double bottom, double stripHeight) {
     stripHeight_ = stripHeight;
     if (!(stripHeight > 0))
         return grown;
-    const long first = static_cast<long>(std::floor(top / stripHeight));
-    const long last =
-        std::min(static_cast<long>(std::ceil(bottom / stripHeight)) - 1, first + maximumStrips - 1);
+    const StripRange seen = stripsWithin(top, bottom, stripHeight);
     std::erase_if(strips_, [&](const auto& entry) {
-        const bool unseen = entry.first < first || entry.first > last;
+        const bool unseen = entry.first < seen.first || entry.first > seen.last;
         if (unseen)
             entry.second->removeFromSuperview();
         return unseen;
     });
-    for (long number = first; number <= last; ++number) {
+    for (long number = seen.first; number <= seen.last; ++number) {
         if (strips_.contains(number))
             continue;
         const Rect frame(0, static_cast<double>(number) * stripHeight, bounds().width, stripHeight);

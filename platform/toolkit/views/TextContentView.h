@@ -30,6 +30,8 @@ public:
     /// Makes the strips that the region needs, at most `maximumStrips` of them from the top, and lets go of
     /// the others. Measures what the region shows; true when that has changed the content's height.
     bool show(double top, double bottom, double stripHeight);
+    /// Whether show() of the region has nothing to do.
+    bool shows(double top, double bottom, double stripHeight) const;
     /// The text has changed: every strip is drawn again.
     void invalidate();
 
@@ -40,6 +42,11 @@ public:
 private:
     class Strip;
     static constexpr long maximumStrips = 8;
+    struct StripRange {
+        long first = 0;
+        long last = -1;
+    };
+    StripRange stripsWithin(double top, double bottom, double stripHeight) const;
     void drawStrip(Canvas& canvas, double top, Rect bounds);
 
     TextBlocks blocks_;

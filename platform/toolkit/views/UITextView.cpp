@@ -204,16 +204,22 @@ void UITextView::updateContentSize() {
 
 void UITextView::setBounds(Rect bounds) {
     UIScrollView::setBounds(bounds);
-    showVisiblePart();
+    // Strips of text that come into sight are made at the next layout: scrolling itself makes nothing.
+    const auto [top, bottom] = lookedAt();
+    if (!content_->shows(top, bottom, this->bounds().height))
+        setNeedsLayout();
+}
+
+/// The part of the content that is seen, and what an animated offset passes on its way.
+std::pair<double, double> UITextView::lookedAt() const {
+    const Rect visible = bounds();
+    const Rect shown = std::get<Rect>(layer()->presented(LayerProperty::Bounds));
+    return {std::min(visible.y, shown.y), std::max(visible.maxY(), shown.maxY())};
 }
 
 void UITextView::showVisiblePart() {
-    const Rect visible = bounds();
-    // What an animated offset passes on its way has to be there as well.
-    const Rect shown = std::get<Rect>(layer()->presented(LayerProperty::Bounds));
-    const double top = std::min(visible.y, shown.y);
-    const double bottom = std::max(visible.maxY(), shown.maxY());
-    if (content_->show(top, bottom, visible.height))
+    const auto [top, bottom] = lookedAt();
+    if (content_->show(top, bottom, bounds().height))
         setNeedsLayout();
 }
 

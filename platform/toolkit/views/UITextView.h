@@ -57,6 +57,7 @@ private:
     void styleChanged();
     void edited();
     void updateContentSize();
+    std::pair<double, double> lookedAt() const;
     void showVisiblePart();
     void showCaret();
     void scrollToCaret();

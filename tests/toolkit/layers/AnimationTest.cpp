@@ -459,6 +459,45 @@ TEST_F(KeyedAnimationTest, ShowsTheNewestOfSeveral) {
     layer->removeAnimation("a");
 }
 
+TEST_F(KeyedAnimationTest, StaysAtItsEndWhenAskedTo) {
+    Layer::BasicAnimation hide{LayerProperty::Opacity, 1.0, 0.0, 0.5};
+    hide.removedOnCompletion = false;
+    transact([&] { layer->addAnimation("hide", hide); });
+    loop.advance(0.25);
+    EXPECT_EQ(shownOpacity(), 0.5);
+    loop.advance(0.25);
+    EXPECT_THAT(transcript.take(), ElementsAre("0.5 all ended"));
+    EXPECT_EQ(shownOpacity(), 0);
+    loop.advance(100);
+    EXPECT_EQ(shownOpacity(), 0);
+    EXPECT_FALSE(engine.isAnimating()) << "what rests makes no frames due";
+    layer->setOpacity(0.75);
+    EXPECT_EQ(shownOpacity(), 0);
+    layer->removeAnimation("hide");
+    EXPECT_EQ(shownOpacity(), 0.75);
+    EXPECT_THAT(transcript.take(), IsEmpty());
+}
+
+TEST_F(KeyedAnimationTest, OfThoseThatStayTheNewestShows) {
+    const auto stay = [&](const char* key, double from, double to) {
+        Layer::BasicAnimation animation{LayerProperty::Opacity, from, to, 0.5};
+        animation.removedOnCompletion = false;
+        layer->addAnimation(key, animation);
+    };
+    stay("show", 0, 1);
+    loop.advance(1);
+    stay("hide", 1, 0.25);
+    loop.advance(1);
+    EXPECT_EQ(shownOpacity(), 0.25);
+    stay("show", 0, 1);
+    loop.advance(0.25);
+    EXPECT_EQ(shownOpacity(), 0.5);
+    loop.advance(1);
+    EXPECT_EQ(shownOpacity(), 1);
+    layer->removeAnimation("show");
+    EXPECT_EQ(shownOpacity(), 0.25);
+}
+
 TEST_F(KeyedAnimationTest, RepeatsAsOftenAsAsked) {
     fade("pulse", 0, 1, 1, 2.5);
     loop.advance(1.25);

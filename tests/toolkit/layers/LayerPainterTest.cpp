@@ -110,6 +110,13 @@ TEST_F(LayerPainterTest, DrawsTheThingsOfALayerInTheirOrder) {
     layer->setDelegate(nullptr);
 }
 
+TEST_F(LayerPainterTest, AShadowIsCastByItsPathAlone) {
+    auto layer = makeLayer({10, 10, 40, 40});
+    layer->setShadow({Color::black(), 0.5, 4, {0, 2}, Rect(5, 5, 20, 10)});
+    painted(layer);
+    EXPECT_THAT(canvas.lines(), testing::Contains(testing::HasSubstr("drawShadow [5, 5, 20, 10]")));
+}
+
 TEST_F(LayerPainterTest, ClipsToARoundedEdgeOnlyWhatReachesIt) {
     auto parent = makeLayer({0, 0, 100, 80});
     parent->setCornerRadius(20);

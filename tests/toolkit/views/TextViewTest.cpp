@@ -195,6 +195,7 @@ TEST_F(TextViewTest, DrawsTheStripsThatAreSeenAndNoOthers) {
     EXPECT_EQ(content().stripCount(), 1u);
     for (const double y : {100.0, 400.0, 3333.0, 9000.0, 50.0}) {
         view->setContentOffset({0, y});
+        loop.turn();
         EXPECT_TRUE(visiblePartIsCovered()) << y;
         EXPECT_LE(content().stripCount(), 2u);
     }
@@ -204,6 +205,7 @@ TEST_F(TextViewTest, WhatAnAnimatedOffsetPassesIsThere) {
     view->setText(repeated("line\n", 500));
     loop.turn();
     view->setContentOffsetAnimated({0, 900});
+    loop.turn();
     EXPECT_EQ(content().stripCount(), 4u);
 }
 
@@ -222,6 +224,7 @@ TEST_F(TextViewTest, AStripDrawsItsPartOfTheText) {
     EXPECT_THAT(lines[2], testing::StartsWith("drawText \"first\\n"));
     EXPECT_THAT(lines[2], testing::EndsWith("(5, 8) rgba(1, 1, 1, 1)"));
     view->setContentOffset({0, 800});
+    loop.turn();
     EXPECT_THAT(drawn(*content().subviews().front())[2], testing::EndsWith("(5, -792) rgba(1, 1, 1, 1)"));
 }
 
