@@ -32,22 +32,31 @@ bool covers(const DisplayItem& item, const PixelRect& area) {
            PixelRect::around(look.toPixels.apply(look.bounds)).contains(area);
 }
 
-void fillBlack(const PixelView& target, const PixelRect& area) {
+void fill(const PixelView& target, const PixelRect& area, Ground ground) {
+    const std::uint32_t pixel = ground == Ground::Black ? 0xFF000000u : 0;
     for (int y = area.y; y < area.maxY(); ++y) {
         auto* row = reinterpret_cast<std::uint32_t*>(target.at(area.x, y));
-        std::fill_n(row, area.width, 0xFF000000u);
+        std::fill_n(row, area.width, pixel);
     }
+}
+
+double usableScale(double scale) {
+    return scale > 0 && std::isfinite(scale) ? scale : 1;
 }
 
 } // namespace
 
 struct Compositor::State {
+    explicit State(Ground newGround) : ground(newGround) {}
+
+    const Ground ground;
     int width = 0;
     int height = 0;
     double scale = 0;
     std::vector<std::uint8_t> pixels;
     std::vector<DisplayItem> items; // of the frame being composed, then of the last one
     std::vector<DisplayItem> previous;
+    std::vector<DisplayItem> next;                         // being built
     std::unordered_map<std::uint64_t, Backdrop> backdrops; // by layer
     ContentCache contents;
     FlatPrefix prefix;
@@ -66,7 +75,7 @@ void Compositor::State::resize(int newWidth, int newHeight, double newScale) {
     height = newHeight;
     scale = newScale;
     pixels.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4, 0);
-    fillBlack(view(), view().rect());
+    fill(view(), view().rect(), ground);
     previous.clear();
     items.clear();
     backdrops.clear();
@@ -141,11 +150,11 @@ void Compositor::State::paintDamage(const PixelRect& damage) {
     if (!covered && prefix.itemCount() > 0)
         prefix.copyTo(view(), damage);
     else if (!covered)
-        fillBlack(view(), damage);
+        fill(view(), damage, ground);
     paint(view(), begin, items.size(), damage);
 }
 
-Compositor::Compositor() : state_(std::make_unique<State>()) {}
+Compositor::Compositor(Ground ground) : state_(std::make_unique<State>(ground)) {}
 
 Compositor::~Compositor() = default;
 
@@ -158,15 +167,29 @@ double Compositor::Frame::paintedPixels() const {
 
 Compositor::Frame Compositor::compose(const std::vector<std::shared_ptr<Layer>>& roots, Size size,
                                       double scale) {
+    scale = usableScale(scale);
+    const PixelRect screen{0, 0, pixelSide(size.width, scale), pixelSide(size.height, scale)};
+    DisplayListBuilder(screen, scale).build(roots, state_->next);
+    std::vector<std::uint64_t> rootIds;
+    for (const auto& root : roots)
+        rootIds.push_back(root ? root->id() : 0);
+    return composeList(state_->next, &rootIds, size, scale);
+}
+
+Compositor::Frame Compositor::composeItems(std::vector<DisplayItem>& items, Size size, double scale) {
+    return composeList(items, nullptr, size, usableScale(scale));
+}
+
+Compositor::Frame Compositor::composeList(std::vector<DisplayItem>& items,
+                                          const std::vector<std::uint64_t>* rootIds, Size size,
+                                          double scale) {
     State& state = *state_;
-    if (!(scale > 0) || !std::isfinite(scale))
-        scale = 1;
     const int width = pixelSide(size.width, scale), height = pixelSide(size.height, scale);
     const bool fresh = width != state.width || height != state.height || scale != state.scale;
     if (fresh)
         state.resize(width, height, scale);
     std::swap(state.items, state.previous);
-    DisplayListBuilder(state.view().rect(), scale).build(roots, state.items);
+    std::swap(state.items, items);
     DisplayListChanges changes = compareDisplayLists(state.previous, state.items);
     state.damageBackdrops(changes);
     DamageRegion damage = state.damageOf(changes);
@@ -176,13 +199,11 @@ Compositor::Frame Compositor::compose(const std::vector<std::shared_ptr<Layer>>&
     if (damage.isEmpty())
         return frame;
 
-    std::vector<std::uint64_t> rootIds;
-    for (const auto& root : roots)
-        rootIds.push_back(root ? root->id() : 0);
-    state.prefix.update(rootIds, state.items, changes,
-                        [&state](const PixelView& target, std::size_t begin, std::size_t end) {
-                            state.paint(target, begin, end, target.rect());
-                        });
+    if (rootIds)
+        state.prefix.update(*rootIds, state.items, changes,
+                            [&state](const PixelView& target, std::size_t begin, std::size_t end) {
+                                state.paint(target, begin, end, target.rect());
+                            });
     for (const PixelRect& rect : damage.rects()) {
         state.paintDamage(rect);
         frame.damage.push_back(rect.rect());

@@ -13,9 +13,14 @@
 
 namespace toolkit {
 
+struct DisplayItem;
+
+/// What a picture is painted on: a screen is black, a surface that lies over others is clear.
+enum class Ground { Black, Clear };
+
 class Compositor {
 public:
-    Compositor();
+    explicit Compositor(Ground ground = Ground::Black);
     ~Compositor();
 
     struct Frame {
@@ -24,9 +29,13 @@ public:
         double paintedPixels() const;
     };
 
-    /// The trees, back to front, that make up a screen of `size` points at `scale` pixels a point. Positions of
-    /// the root layers are in the screen's coordinates.
+    /// The trees, back to front, that make up a screen of `size` points at `scale` pixels a point. Positions
+    /// of the root layers are in the screen's coordinates.
     Frame compose(const std::vector<std::shared_ptr<Layer>>& roots, Size size, double scale);
+
+    /// As compose(), for a list that the caller has built for a picture of that size, and whose contents it
+    /// gives away.
+    Frame composeItems(std::vector<DisplayItem>& items, Size size, double scale);
 
     /// The picture as composed last. Its pixels stay valid until the next compose(); blue, green, red, alpha.
     const std::uint8_t* pixels() const;
@@ -40,6 +49,11 @@ public:
     std::uint64_t paintedFrames() const;
 
 private:
+    /// The roots' identities, for a screen, of which the part that stands still is kept; null for a list
+    /// alone.
+    Frame composeList(std::vector<DisplayItem>& items, const std::vector<std::uint64_t>* rootIds, Size size,
+                      double scale);
+
     struct State;
     std::unique_ptr<State> state_;
 };

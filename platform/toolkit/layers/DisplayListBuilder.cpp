@@ -95,7 +95,7 @@ void DisplayListBuilder::build(const std::vector<std::shared_ptr<Layer>>& roots,
                                std::vector<DisplayItem>& items) {
     items.clear();
     items_ = &items;
-    Surroundings around{AffineTransform::scale(scale_, scale_), screen_, {}, 0, 0};
+    Surroundings around{AffineTransform::scale(scale_, scale_), screen_, {}, 0, 0, false};
     for (const auto& root : roots) {
         if (root)
             addLayer(*root, around);
@@ -103,8 +103,17 @@ void DisplayListBuilder::build(const std::vector<std::shared_ptr<Layer>>& roots,
     }
 }
 
+void DisplayListBuilder::buildAlone(const Layer& root, Point origin, std::vector<DisplayItem>& items) {
+    items.clear();
+    items_ = &items;
+    const AffineTransform toPixels =
+        AffineTransform::translation(-origin.x, -origin.y).then(AffineTransform::scale(scale_, scale_));
+    addLayer(root, {toPixels, screen_, {}, 0, 0, true});
+}
+
 void DisplayListBuilder::addLayer(const Layer& layer, const Surroundings& around) {
-    const double opacity = std::min(1.0, shown(layer, LayerProperty::Opacity, layer.opacity()));
+    const double opacity =
+        around.ignoresOpacity ? 1 : std::min(1.0, shown(layer, LayerProperty::Opacity, layer.opacity()));
     if (layer.isHidden() || !(opacity > 0))
         return;
     DisplayItem item;
@@ -124,6 +133,7 @@ void DisplayListBuilder::addLayer(const Layer& layer, const Surroundings& around
     const std::size_t begin = items_->size();
     const bool group = opacity < 1 || layer.mask() || layer.groupBlend() != GroupBlend::Normal;
     Surroundings inside = around;
+    inside.ignoresOpacity = false;
     if (group) {
         DisplayItem beginning = item;
         beginning.part = DisplayItem::Part::GroupBegin;

@@ -12,6 +12,9 @@ public:
 
     /// `items` is emptied first; its memory is used again.
     void build(const std::vector<std::shared_ptr<Layer>>& roots, std::vector<DisplayItem>& items);
+    /// One tree by itself, as if it were opaque as a whole; `origin`, in the root's parent's coordinates, comes
+    /// to lie at (0, 0).
+    void buildAlone(const Layer& root, Point origin, std::vector<DisplayItem>& items);
 
 private:
     struct Surroundings {
@@ -20,6 +23,7 @@ private:
         std::vector<ShapeClip> shapeClips;
         int groupDepth = 0;
         std::size_t root = 0;
+        bool ignoresOpacity = false; // of the layer alone that is added next
     };
 
     void addLayer(const Layer& layer, const Surroundings& around);

@@ -134,6 +134,15 @@ Compositor::Frame WindowServer::composeFrame() {
     return compositor_.compose(roots, screen.bounds().size(), screen.scale());
 }
 
+const std::vector<SeparateWindow>& WindowServer::composeSeparately() {
+    layoutIfNeeded();
+    composedChange_ = Layer::changeCount();
+    auto shown = windows();
+    std::erase_if(shown, [this](const UIWindow* window) { return !mayShow(*window); });
+    const UIScreen& screen = UIScreen::mainScreen();
+    return separateWindows_.update(shown, screen.bounds().size(), screen.scale());
+}
+
 void WindowServer::setInterfaceOrientation(int orientation, double duration) {
     UIScreen& screen = UIScreen::mainScreen();
     const Size size = screen.bounds().size();

@@ -5,6 +5,7 @@
 
 #include "platform/foundation/Handle.h"
 #include "platform/toolkit/layers/Compositor.h"
+#include "platform/toolkit/windows/SeparateWindows.h"
 #include "platform/toolkit/windows/UIWindow.h"
 
 #include <vector>
@@ -38,6 +39,9 @@ public:
     /// Lays out and composes what changed.
     Compositor::Frame composeFrame();
     Compositor& compositor() { return compositor_; }
+    /// Instead of composeFrame(), for a host whose windows are surfaces of their own: lays out, paints each
+    /// window by itself, and answers those that are seen, back to front. Valid until the next call.
+    const std::vector<SeparateWindow>& composeSeparately();
 
     /// Swaps the screen's bounds for an interface orientation and tells every window's root view controller,
     /// within an animation of `duration` seconds.
@@ -58,6 +62,7 @@ private:
     std::uint64_t shownCounter_ = 0;
     bool secureOnly_ = false;
     Compositor compositor_;
+    SeparateWindows separateWindows_;
     std::uint64_t composedChange_ = 0;
     foundation::Handle layoutHook_;
 };
