@@ -1,8 +1,8 @@
 // How long a home screen waits for the product: from the loading of Vela3.dylib to the end of the first
 // availability pass, without the host's own launch. Each measurement takes a fresh process.
 #include "bench/Percentiles.h"
-#include "hosts/phone/program/DeviceRoot.h"
-#include "hosts/phone/program/ExtensionLoader.h"
+#include "hosts/device/DeviceRoot.h"
+#include "hosts/device/ExtensionLoader.h"
 #include "platform/foundation/Log.h"
 #include "platform/foundation/ProcessInfo.h"
 #include "tests/support/TestHost.h"
@@ -16,12 +16,12 @@ double secondsToLoad() {
     foundation::setLogToStandardError(false);
     foundation::VirtualRunLoop loop;
     foundation::RunLoop::setMain(&loop);
-    const phone::DeviceRoot root(std::nullopt);
+    const device::DeviceRoot root(std::nullopt);
     root.fill(std::filesystem::path(VELA_SOURCE_DIR) / "resources");
     foundation::ProcessInfo::shared().mainBundleIdentifier = "com.apple.springboard";
     tests::TestHost host;
     const auto begin = std::chrono::steady_clock::now();
-    phone::loadExtension(std::filesystem::path(VELA_BINARY_DIR) / "lib/Vela3.dylib");
+    device::loadExtension(std::filesystem::path(VELA_BINARY_DIR) / "lib/Vela3.dylib");
     host.springBoard->applicationDidFinishLaunching(host.springBoard.get());
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
 }

@@ -2,8 +2,8 @@
 // of the automatic blur, and a phone that nobody touches. 375 × 667 points at 2 pixels a point.
 #include "bench/Percentiles.h"
 #include "hosts/phone/Phone.h"
-#include "hosts/phone/program/DeviceRoot.h"
-#include "hosts/phone/program/ExtensionLoader.h"
+#include "hosts/device/DeviceRoot.h"
+#include "hosts/device/ExtensionLoader.h"
 #include "platform/foundation/FileManager.h"
 #include "platform/foundation/Log.h"
 #include "platform/foundation/VirtualRunLoop.h"
@@ -43,7 +43,7 @@ struct RunningPhone {
         root.fill(std::filesystem::path(VELA_SOURCE_DIR) / "resources");
         foundation::FileManager::shared().writeDictionaryAtomically(preferencesPath, sixtyPreferences());
         phone = std::make_unique<phone::Phone>(phone::PhoneConfiguration{});
-        phone::loadExtension(std::filesystem::path(VELA_BINARY_DIR) / "lib/Vela3.dylib");
+        device::loadExtension(std::filesystem::path(VELA_BINARY_DIR) / "lib/Vela3.dylib");
         phone->launch();
         loop.advance(2);
         WindowServer::shared().composeFrame();
@@ -54,7 +54,7 @@ struct RunningPhone {
     }
 
     foundation::VirtualRunLoop loop;
-    phone::DeviceRoot root;
+    device::DeviceRoot root;
     std::unique_ptr<phone::Phone> phone;
 };
 

@@ -1,6 +1,6 @@
 #include "hosts/phone/program/HeadlessRunner.h"
 
-#include "hosts/phone/program/ProgramError.h"
+#include "hosts/device/ProgramError.h"
 #include "hosts/phone/program/RunningPhone.h"
 #include "hosts/script/ScriptPlayer.h"
 #include "platform/foundation/VirtualRunLoop.h"
@@ -28,7 +28,7 @@ void runHeadless(const Options& options, const script::Script& script) {
         failure = error;
     });
     if (!loop.runUntil([&] { return finished; }, script::ScriptPlayer::durationOf(script) + slack))
-        throw ProgramError("the script did not come to its end");
+        throw device::ProgramError("the script did not come to its end");
     if (failure)
         throw *failure;
 }

@@ -6,8 +6,8 @@
 
 namespace phone {
 
-/// There must be a device root. Throws ProgramError, or script::ScriptError when a command of the script
-/// fails.
+/// There must be a device root. Throws device::ProgramError, or script::ScriptError when a command of the
+/// script fails.
 void runHeadless(const Options& options, const script::Script& script);
 
 } // namespace phone

@@ -1,11 +1,11 @@
 #include "hosts/phone/program/Program.h"
 
-#include "hosts/phone/program/DeviceRoot.h"
+#include "hosts/device/DeviceRoot.h"
+#include "hosts/device/InstalledFiles.h"
+#include "hosts/device/ProgramError.h"
 #include "hosts/phone/program/HeadlessRunner.h"
-#include "hosts/phone/program/InstalledFiles.h"
 #include "hosts/phone/program/PluginCrash.h"
 #include "hosts/phone/program/PreferencesFile.h"
-#include "hosts/phone/program/ProgramError.h"
 #include "hosts/script/ScriptParser.h"
 
 #include <unistd.h>
@@ -24,22 +24,22 @@ void prepareOutputDirectory(const std::filesystem::path& directory) {
     std::error_code error;
     std::filesystem::create_directories(directory, error);
     if (!std::filesystem::is_directory(directory, error) || access(directory.c_str(), W_OK | X_OK) != 0)
-        throw ProgramError("the output directory " + directory.string() + " cannot be written");
+        throw device::ProgramError("the output directory " + directory.string() + " cannot be written");
 }
 
-void fillRoot(const DeviceRoot& root, const Options& options) {
-    root.fill(resourceDirectory() / "device");
+void fillRoot(const device::DeviceRoot& root, const Options& options) {
+    root.fill(device::resourceDirectory() / "device");
     if (options.bringPlugins)
-        root.fill(builtDeviceDirectory());
+        root.fill(device::builtDeviceDirectory());
 }
 
 void writePreferences(const Options& options) {
-    const DeviceRoot root(options.root.value_or(DeviceRoot::userRoot()));
+    const device::DeviceRoot root(options.root.value_or(device::DeviceRoot::userRoot()));
     fillRoot(root, options);
     for (const auto& preference : options.preferences)
         if (!PreferencesFile::set(preference.key, preference.value))
-            throw ProgramError(std::string("the preferences file ") + PreferencesFile::path +
-                               " cannot be written in " + root.path().string());
+            throw device::ProgramError(std::string("the preferences file ") + PreferencesFile::path +
+                                       " cannot be written in " + root.path().string());
 }
 
 void runPhone(const Options& options, WindowFunction runWindow) {
@@ -50,8 +50,8 @@ void runPhone(const Options& options, WindowFunction runWindow) {
     }
     auto rootPath = options.root;
     if (!rootPath && !options.headless)
-        rootPath = DeviceRoot::userRoot();
-    const DeviceRoot root(rootPath, options.afterCrash);
+        rootPath = device::DeviceRoot::userRoot();
+    const device::DeviceRoot root(rootPath, options.afterCrash);
     fillRoot(root, options);
     takeNoteOfPluginCrash(options);
     if (options.afterCrash)

@@ -11,7 +11,7 @@
 namespace phone {
 
 /// Runs the phone in a window until it is closed or, with a script, until that has been played. The device
-/// root stands. Throws ProgramError or script::ScriptError.
+/// root stands. Throws device::ProgramError or script::ScriptError.
 using WindowFunction = void (*)(const Options& options, const std::optional<script::Script>& script);
 
 /// Answers the exit code: 0, 2 when an option, a script or a file is at fault, or 3 when a plug-in has

@@ -1,7 +1,8 @@
 #include "hosts/phone/program/RunningPhone.h"
 
-#include "hosts/phone/program/ExtensionLoader.h"
-#include "hosts/phone/program/InstalledFiles.h"
+#include "hosts/device/ExtensionLoader.h"
+#include "hosts/device/InstalledFiles.h"
+#include "hosts/phone/program/MusicSetup.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/plugins/TimeOfDay.h"
 #include "platform/toolkit/text/Font.h"
@@ -15,13 +16,14 @@ PhoneConfiguration RunningPhone::configurationOf(const Options& options) {
     configuration.screenScale = options.screenScale;
     configuration.model = options.model;
     configuration.systemVersion = options.systemVersion;
+    setUpMusic(options, configuration);
     return configuration;
 }
 
 RunningPhone::RunningPhone(const Options& options, PhoneConfiguration configuration)
     : phone_(configuration),
       scriptTarget_(phone_, notifications_, foundation::RunLoop::main().now(), options.outputDirectory) {
-    toolkit::setFontDirectory((resourceDirectory() / "fonts").c_str(), false);
+    toolkit::setFontDirectory((device::resourceDirectory() / "fonts").c_str(), false);
     toolkit::WindowServer::shared().attachToMainRunLoop();
     if (configuration.wallClock)
         plugins::setTimeOfDaySource([configuration]() -> plugins::TimeOfDay {
@@ -29,7 +31,7 @@ RunningPhone::RunningPhone(const Options& options, PhoneConfiguration configurat
                     static_cast<int>(configuration.secondsFromUtc)};
         });
     if (options.loadExtension)
-        loadExtension(options.extension.value_or(installedExtension()));
+        device::loadExtension(options.extension.value_or(device::installedExtension()));
     phone_.launch();
 }
 

@@ -12,7 +12,7 @@ namespace phone {
 
 class RunningPhone {
 public:
-    /// There must be a device root. Throws ProgramError.
+    /// There must be a device root. Throws device::ProgramError.
     RunningPhone(const Options& options, PhoneConfiguration configuration);
 
     /// The configuration that the command line asks for.

@@ -1,6 +1,6 @@
 #include "hosts/phone/window/PhoneWindowRunner.h"
 
-#include "hosts/phone/program/ProgramError.h"
+#include "hosts/device/ProgramError.h"
 #include "hosts/phone/program/RunningPhone.h"
 #include "hosts/phone/window/PhoneWindow.h"
 #include "hosts/script/ScriptPlayer.h"
@@ -36,7 +36,7 @@ gboolean stopLoop(gpointer loop) {
 
 void runInWindow(const Options& options, const std::optional<script::Script>& script) {
     if (!gtk_init_check())
-        throw ProgramError(
+        throw device::ProgramError(
             "there is no display to open a window on: --headless --script FILE needs none, and "
             "GDK_BACKEND=broadway serves the window to a browser once gtk4-broadwayd runs");
     // All of these live until the process ends: the extension's timers and windows refer to them.

@@ -1,7 +1,7 @@
-#include "hosts/phone/program/DeviceRoot.h"
+#include "hosts/device/DeviceRoot.h"
 
-#include "hosts/phone/program/ProgramError.h"
-#include "hosts/phone/program/ResourceCopy.h"
+#include "hosts/device/ProgramError.h"
+#include "hosts/device/ResourceCopy.h"
 #include "platform/foundation/FileManager.h"
 
 #include <fcntl.h>
@@ -11,7 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace phone {
+namespace device {
 
 namespace {
 
@@ -88,7 +88,7 @@ DeviceRoot::~DeviceRoot() {
 void DeviceRoot::fill(const fs::path& device) const {
     std::error_code error;
     if (!fs::is_directory(device, error)) {
-        std::fprintf(stderr, "vela-phone: there is nothing to bring to the device in %s\n", device.c_str());
+        std::fprintf(stderr, "vela: there is nothing to bring to the device in %s\n", device.c_str());
         return;
     }
     // A disk that goes with the process need not outlive a loss of power.
@@ -96,4 +96,4 @@ void DeviceRoot::fill(const fs::path& device) const {
                                                : ResourceCopy::Durability::Synced);
 }
 
-} // namespace phone
+} // namespace device

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <optional>
 
-namespace phone {
+namespace device {
 
 class DeviceRoot {
 public:
@@ -34,4 +34,4 @@ private:
     bool temporary_;
 };
 
-} // namespace phone
+} // namespace device

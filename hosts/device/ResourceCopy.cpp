@@ -1,12 +1,12 @@
-#include "hosts/phone/program/ResourceCopy.h"
+#include "hosts/device/ResourceCopy.h"
 
-#include "hosts/phone/program/ProgramError.h"
+#include "hosts/device/ProgramError.h"
 #include "platform/foundation/FileManager.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace phone {
+namespace device {
 
 namespace {
 
@@ -96,4 +96,4 @@ void ResourceCopy::moveIntoPlace() const {
     }
 }
 
-} // namespace phone
+} // namespace device

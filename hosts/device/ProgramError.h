@@ -3,11 +3,11 @@
 
 #include <stdexcept>
 
-namespace phone {
+namespace device {
 
 class ProgramError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-} // namespace phone
+} // namespace device

@@ -3,10 +3,10 @@
 
 #include <filesystem>
 
-namespace phone {
+namespace device {
 
 /// Loads a dynamic library for the life of the process. The phone must exist and must not have launched yet.
 /// Throws ProgramError when it cannot be loaded.
 void loadExtension(const std::filesystem::path& library);
 
-} // namespace phone
+} // namespace device

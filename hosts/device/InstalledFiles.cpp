@@ -1,6 +1,6 @@
-#include "hosts/phone/program/InstalledFiles.h"
+#include "hosts/device/InstalledFiles.h"
 
-namespace phone {
+namespace device {
 
 namespace {
 
@@ -30,4 +30,4 @@ std::filesystem::path installedExtension() {
     return (executableDirectory() / ".." / "lib" / "Vela3.dylib").lexically_normal();
 }
 
-} // namespace phone
+} // namespace device

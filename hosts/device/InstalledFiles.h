@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-namespace phone {
+namespace device {
 
 /// The directory of resources ("device" mirrors the device's disk, "fonts" holds the system font). It may be
 /// missing.
@@ -17,4 +17,4 @@ std::filesystem::path builtDeviceDirectory();
 /// The installed extension, Vela3.dylib. It may be missing.
 std::filesystem::path installedExtension();
 
-} // namespace phone
+} // namespace device

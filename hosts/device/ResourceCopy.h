@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace phone {
+namespace device {
 
 class ResourceCopy {
 public:
@@ -37,4 +37,4 @@ private:
     std::vector<Addition> additions_;
 };
 
-} // namespace phone
+} // namespace device

@@ -1,10 +1,10 @@
-#include "hosts/phone/program/ExtensionLoader.h"
+#include "hosts/device/ExtensionLoader.h"
 
-#include "hosts/phone/program/ProgramError.h"
+#include "hosts/device/ProgramError.h"
 
 #include <dlfcn.h>
 
-namespace phone {
+namespace device {
 
 void loadExtension(const std::filesystem::path& library) {
     // An absolute name is looked for nowhere else.
@@ -21,4 +21,4 @@ void loadExtension(const std::filesystem::path& library) {
     }
 }
 
-} // namespace phone
+} // namespace device
