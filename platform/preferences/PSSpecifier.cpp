@@ -31,6 +31,12 @@ std::shared_ptr<PSSpecifier> PSSpecifier::groupSpecifierWithName(std::string nam
     return std::make_shared<PSSpecifier>(std::move(name), PSCellType::Group);
 }
 
+std::shared_ptr<PSSpecifier> PSSpecifier::groupSpecifierWithFooterText(std::string footer) {
+    auto group = emptyGroupSpecifier();
+    group->setProperty(std::move(footer), keys::footerText);
+    return group;
+}
+
 PropertyList PSSpecifier::performGetter() {
     if (!getter_)
         return {};

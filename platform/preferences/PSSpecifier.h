@@ -57,6 +57,8 @@ public:
                                                                  std::optional<runtime::Selector> get,
                                                                  std::string detail, PSCellType cell);
     static std::shared_ptr<PSSpecifier> groupSpecifierWithName(std::string name);
+    /// A group without a name, with a text under its rows.
+    static std::shared_ptr<PSSpecifier> groupSpecifierWithFooterText(std::string footer);
     static std::shared_ptr<PSSpecifier> emptyGroupSpecifier() { return groupSpecifierWithName(""); }
 
     const std::string& name() const { return name_; }

@@ -1,0 +1,16 @@
+// Previews the left panel of a phone on its side. Begins with the upright phone's size, until it is told
+// another.
+#pragma once
+
+#include "vela/settings/sizePreviewCell.h"
+
+namespace vela {
+
+class leftSizeLandscapeCell : public sizePreviewCell {
+    RUNTIME_CLASS()
+public:
+    leftSizeLandscapeCell();
+    void initWithSpecifier(const std::shared_ptr<preferences::PSSpecifier>& specifier) override;
+};
+
+} // namespace vela
