@@ -2,6 +2,7 @@
 
 #include "hosts/phone/InterfaceOrientation.h"
 #include "hosts/phone/PhoneState.h"
+#include "hosts/phone/applications/RadioApplication.h"
 #include "platform/foundation/ProcessInfo.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/homescreen/SBUIController.h"
@@ -40,7 +41,10 @@ Phone::Phone(PhoneConfiguration configuration) {
     UIDevice::currentDevice().setOrientation(DeviceOrientation::Portrait);
     WindowServer::shared().attachToMainRunLoop();
     WindowServer::shared().setSecureOnly(false);
-    state_ = std::make_unique<State>(std::move(configuration));
+    state_ = std::make_unique<State>(std::move(configuration), [this] {
+        openApplication(state_->music.player().isRadioStation() ? RadioApplication::identifier
+                                                                : MusicPlayer::applicationIdentifier);
+    });
     setCurrent(this);
 }
 
@@ -228,6 +232,10 @@ homescreen::SpringBoard& Phone::springBoard() const {
     return *state_->springBoard;
 }
 
+PhoneMediaPort& Phone::music() const {
+    return state_->music;
+}
+
 // ---- What the home screen's classes ask
 
 std::int64_t Phone::statusBarOrientation() const {
@@ -293,8 +301,12 @@ void Phone::presentHud(const std::shared_ptr<UIView>& view, double delay) {
 }
 
 std::optional<std::string> Phone::displayName(const std::string& bundleIdentifier) const {
-    const auto application = state_->stage->find(bundleIdentifier);
-    return application ? std::optional(application->displayName()) : std::nullopt;
+    if (const auto application = state_->stage->find(bundleIdentifier))
+        return application->displayName();
+    for (const auto& player : state_->music.players().sources())
+        if (player->bundleIdentifier() == bundleIdentifier)
+            return player->displayName();
+    return std::nullopt;
 }
 
 Size Phone::defaultIconImageSize() const {

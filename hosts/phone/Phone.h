@@ -5,6 +5,8 @@
 // Coordinates are points of the screen as the interface now stands.
 #pragma once
 
+#include "hosts/media/MusicLibrary.h"
+#include "hosts/media/PlaybackEngine.h"
 #include "platform/homescreen/HostPort.h"
 #include "platform/homescreen/SpringBoard.h"
 #include "platform/toolkit/windows/UIDevice.h"
@@ -17,6 +19,8 @@
 
 namespace phone {
 
+class PhoneMediaPort;
+
 enum class Button { Home, HomeDouble, Lock, VolumeUp, VolumeDown };
 
 struct PhoneConfiguration {
@@ -28,6 +32,10 @@ struct PhoneConfiguration {
     /// and follows the run loop, so that every run shows the same.
     std::function<std::time_t()> wallClock;
     long secondsFromUtc = 0; // of the phone's time zone, positive to the east
+    /// What makes music sound; without one playing is silent, and time passes on the run loop's clock.
+    std::shared_ptr<playback::PlaybackEngine> playbackEngine;
+    /// The phone's songs; null for a phone without any.
+    std::shared_ptr<playback::MusicLibrary> musicLibrary;
 };
 
 class Phone final : public homescreen::HostPort {
@@ -69,6 +77,8 @@ public:
     /// Volume displays shown since the start.
     int hudCount() const;
     homescreen::SpringBoard& springBoard() const;
+    /// The phone's library and player.
+    PhoneMediaPort& music() const;
 
     // What the home screen's classes ask.
     void finishLaunching() override;

@@ -2,11 +2,14 @@
 
 #include "hosts/phone/InterfaceOrientation.h"
 #include "hosts/phone/applications/InstalledApplications.h"
+#include "hosts/phone/music/VirtualPlaybackEngine.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/homescreen/SBHUDController.h"
 #include "platform/toolkit/gestures/TouchDispatcher.h"
 #include "platform/toolkit/views/TextInput.h"
 #include "platform/toolkit/windows/WindowServer.h"
+
+#include <cmath>
 
 using namespace toolkit;
 
@@ -17,12 +20,20 @@ namespace {
 constexpr double rotationDuration = 0.3; // seconds
 constexpr double volumeDisplayTime = 1.5;
 
+std::shared_ptr<playback::PlaybackEngine> engineOf(const PhoneConfiguration& configuration) {
+    if (configuration.playbackEngine)
+        return configuration.playbackEngine;
+    return std::make_shared<VirtualPlaybackEngine>();
+}
+
 } // namespace
 
-PhoneState::PhoneState(PhoneConfiguration newConfiguration)
+PhoneState::PhoneState(PhoneConfiguration newConfiguration, std::function<void()> openPlayer)
     : configuration(std::move(newConfiguration)),
       clock(configuration.wallClock, configuration.secondsFromUtc),
-      stage(std::make_shared<ApplicationStage>(makeInstalledApplications(clock))) {}
+      music(engineOf(configuration), configuration.musicLibrary, volume,
+            {[this](double newVolume) { setVolume(newVolume); }, std::move(openPlayer)}),
+      stage(std::make_shared<ApplicationStage>(makeInstalledApplications(clock, music))) {}
 
 unsigned PhoneState::supportedOrientations() const {
     const auto& front = stage->front();
@@ -106,10 +117,17 @@ void PhoneState::showLockScreen() {
 }
 
 void PhoneState::changeVolume(int steps) {
-    volume = std::clamp(volume + steps, 0, VolumeDisplay::steps);
-    if (!displayOn)
+    const double step = std::round(volume * VolumeDisplay::steps) + steps;
+    setVolume(std::clamp(step / VolumeDisplay::steps, 0.0, 1.0));
+}
+
+void PhoneState::setVolume(double newVolume) {
+    volume = newVolume;
+    music.volumeChanged(volume);
+    if (!displayOn || !screens)
         return;
-    screens->volumeDisplay->setLevel(volume);
+    const int level = static_cast<int>(std::lround(volume * VolumeDisplay::steps));
+    screens->volumeDisplay->setLevel(volume > 0 ? std::max(level, 1) : 0);
     homescreen::SBHUDController::sharedHUDController().presentHUDView(screens->volumeDisplay,
                                                                       volumeDisplayTime);
 }

@@ -6,11 +6,13 @@
 
 #include "hosts/phone/Phone.h"
 #include "hosts/phone/PhoneScreens.h"
+#include "hosts/phone/music/PhoneMediaPort.h"
 
 namespace phone {
 
 struct PhoneState {
-    explicit PhoneState(PhoneConfiguration newConfiguration);
+    /// `openPlayer` brings the application of what the phone plays to the front.
+    PhoneState(PhoneConfiguration newConfiguration, std::function<void()> openPlayer);
 
     bool isTablet() const { return configuration.model.starts_with("iPad"); }
     unsigned supportedOrientations() const;
@@ -23,18 +25,22 @@ struct PhoneState {
     void closeSwitcher();
     void setDisplayOn(bool on);
     void showLockScreen();
+    /// By the buttons, a sixteenth a step.
     void changeVolume(int steps);
+    /// From 0 to 1; the volume display shows it.
+    void setVolume(double newVolume);
 
     PhoneConfiguration configuration;
     std::shared_ptr<homescreen::SpringBoard> springBoard = std::make_shared<homescreen::SpringBoard>();
     WallClock clock;
+    double volume = 0.5;
+    PhoneMediaPort music;
     std::shared_ptr<ApplicationStage> stage;
     std::unique_ptr<PhoneScreens> screens; // null until the launch
     std::shared_ptr<Application> active;   // in front, seen and unlocked
     std::int64_t interfaceOrientation = 1;
     bool locked = false;
     bool displayOn = true;
-    int volume = VolumeDisplay::steps / 2;
     int hudCount = 0;
 };
 

@@ -16,6 +16,8 @@
 namespace script {
 
 enum class Button { Home, HomeDouble, Lock, VolumeUp, VolumeDown };
+enum class PlayerButton { Next, Previous, Pause, Resume };
+enum class SliderMoment { Begin, End };
 
 struct Wait {
     double seconds;
@@ -62,6 +64,35 @@ struct Type {
 struct Install {
     std::string path;
 };
+/// A directory of audio files on this machine.
+struct AddMusic {
+    std::string path;
+};
+/// The song of that title.
+struct Play {
+    std::string title;
+};
+struct PressPlayer {
+    PlayerButton button;
+};
+struct Seek {
+    double seconds;
+};
+/// A stream that says it plays this.
+struct Radio {
+    std::string title;
+    std::string artist;
+};
+/// A dictionary, or nil.
+struct NowPlaying {
+    foundation::PropertyList info;
+};
+struct Elapsed {
+    double seconds;
+};
+struct VolumeSlider {
+    SliderMoment moment;
+};
 struct Shot {
     std::string fileName;
 };
@@ -70,7 +101,8 @@ struct State {
 };
 
 using Action = std::variant<Wait, TouchDown, TouchMove, TouchUp, Tap, Press, Open, Rotate, Keyboard, Lock,
-                            Unlock, SetPreference, Type, Install, Shot, State>;
+                            Unlock, SetPreference, Type, Install, AddMusic, Play, PressPlayer, Seek, Radio,
+                            NowPlaying, Elapsed, VolumeSlider, Shot, State>;
 
 struct Command {
     int line; // from 1

@@ -23,6 +23,7 @@ public:
     std::string takeFileName(std::string_view extension);
     /// Takes the next word when it is `keyword`.
     bool takeKeyword(std::string_view keyword);
+    bool atEnd() const { return next_ >= words_.size(); }
     void expectEnd() const;
 
 private:

@@ -1,5 +1,6 @@
 #include "hosts/script/ScriptParser.h"
 
+#include "hosts/script/NowPlayingEntry.h"
 #include "hosts/script/PreferenceValue.h"
 #include "hosts/script/ScriptArguments.h"
 #include "hosts/script/ScriptWords.h"
@@ -17,6 +18,7 @@ namespace {
 constexpr std::size_t maximumScriptBytes = 4 * 1024 * 1024;
 constexpr double longestWait = 86'400;
 constexpr double longestMove = 3'600;
+constexpr double longestSong = 1e6;
 constexpr int mostFingers = 10;
 constexpr std::size_t maximumTypedBytes = 64 * 1024;
 
@@ -92,6 +94,57 @@ Action install(ScriptArguments& arguments) {
     return Install{arguments.takeWord("a plug-in's directory")};
 }
 
+Action music(ScriptArguments& arguments) {
+    oneOf<bool>(arguments, "add", {{"add", true}});
+    return AddMusic{arguments.takeWord("a directory")};
+}
+
+Action play(ScriptArguments& arguments) {
+    static const std::map<std::string, PlayerButton> buttons{{"next", PlayerButton::Next},
+                                                             {"previous", PlayerButton::Previous},
+                                                             {"pause", PlayerButton::Pause},
+                                                             {"resume", PlayerButton::Resume}};
+    const std::string word = arguments.takeWord("a title, next, previous, pause or resume");
+    if (const auto button = buttons.find(word); button != buttons.end())
+        return PressPlayer{button->second};
+    return Play{word};
+}
+
+Action seek(ScriptArguments& arguments) {
+    return Seek{arguments.takeNumber("the seconds", 0, longestSong)};
+}
+
+/// "TITLE|ARTIST" in one word, or in two.
+Action radio(ScriptArguments& arguments) {
+    std::string title = arguments.takeWord("a title and an artist");
+    if (!arguments.atEnd())
+        return Radio{title, arguments.takeWord("an artist")};
+    const std::size_t bar = title.find('|');
+    if (bar == std::string::npos)
+        return Radio{title, ""};
+    return Radio{title.substr(0, bar), title.substr(bar + 1)};
+}
+
+Action nowPlaying(ScriptArguments& arguments) {
+    if (arguments.takeKeyword("none"))
+        return NowPlaying{};
+    foundation::PropertyList::Dictionary info;
+    do {
+        auto [key, value] = parseNowPlayingEntry(arguments.takeWord("KEY=VALUE or none"));
+        info.insert_or_assign(std::move(key), std::move(value));
+    } while (!arguments.atEnd());
+    return NowPlaying{std::move(info)};
+}
+
+Action elapsed(ScriptArguments& arguments) {
+    return Elapsed{arguments.takeNumber("the seconds", 0, longestSong)};
+}
+
+Action volumeSlider(ScriptArguments& arguments) {
+    return VolumeSlider{oneOf<SliderMoment>(arguments, "begin or end",
+                                            {{"begin", SliderMoment::Begin}, {"end", SliderMoment::End}})};
+}
+
 Action shot(ScriptArguments& arguments) {
     return Shot{arguments.takeFileName(".png")};
 }
@@ -110,9 +163,16 @@ Action unlock(ScriptArguments&) {
 
 using Reader = Action (*)(ScriptArguments&);
 const std::map<std::string_view, Reader> readers{
-    {"wait", wait},         {"tap", tap},           {"press", press},     {"open", open}, {"rotate", rotate},
-    {"keyboard", keyboard}, {"lock", lock},         {"unlock", unlock},   {"type", type}, {"shot", shot},
-    {"state", state},       {"set", setPreference}, {"install", install},
+    {"wait", wait},       {"tap", tap},
+    {"press", press},     {"open", open},
+    {"rotate", rotate},   {"keyboard", keyboard},
+    {"lock", lock},       {"unlock", unlock},
+    {"type", type},       {"shot", shot},
+    {"state", state},     {"set", setPreference},
+    {"install", install}, {"music", music},
+    {"play", play},       {"seek", seek},
+    {"radio", radio},     {"nowplaying", nowPlaying},
+    {"elapsed", elapsed}, {"volume-slider", volumeSlider},
 };
 
 int Parser::takeFinger(ScriptArguments& arguments) {

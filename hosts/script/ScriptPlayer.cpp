@@ -120,4 +120,16 @@ void ScriptPlayer::stepDrag() {
         proceed(failure);
 }
 
+void ScriptPlayer::play(const AddMusic& music) {
+    if (const Failure failure = target_.addMusic(music.path))
+        return finish(failure);
+    waitForMusic();
+}
+
+void ScriptPlayer::waitForMusic() {
+    if (!target_.isReadingMusic())
+        return continueAfter(0);
+    timer_ = foundation::RunLoop::main().scheduleTimer(eventInterval, false, [this] { waitForMusic(); });
+}
+
 } // namespace script

@@ -59,9 +59,18 @@ private:
     void play(const SetPreference& set) { proceed(target_.setPreference(set.key, set.value)); }
     void play(const Type& type) { proceed(target_.type(type.text)); }
     void play(const Install& install) { proceed(target_.installPlugIn(install.path)); }
+    void play(const AddMusic& music);
+    void play(const Play& song) { proceed(target_.playSong(song.title)); }
+    void play(const PressPlayer& press) { proceed(target_.pressPlayer(press.button)); }
+    void play(const Seek& seek) { proceed(target_.seek(seek.seconds)); }
+    void play(const Radio& radio) { proceed(target_.playRadio(radio.title, radio.artist)); }
+    void play(const NowPlaying& playing) { proceed(target_.reportNowPlaying(playing.info)); }
+    void play(const Elapsed& elapsed) { proceed(target_.reportElapsed(elapsed.seconds)); }
+    void play(const VolumeSlider& slider) { proceed(target_.holdVolumeSlider(slider.moment)); }
     void play(const Shot& shot) { proceed(target_.writeScreenshot(shot.fileName)); }
     void play(const State& state) { proceed(target_.writeState(state.fileName)); }
     void stepDrag();
+    void waitForMusic();
 
     Script script_;
     ScriptTarget& target_;

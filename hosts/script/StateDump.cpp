@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Log.h"
 #include "platform/foundation/RunLoop.h"
+#include "platform/media/MPUNowPlayingController.h"
 #include "platform/plugins/CallRecord.h"
 #include "platform/toolkit/scrolling/UIScrollView.h"
 #include "platform/toolkit/views/UIButton.h"
@@ -112,6 +113,18 @@ json describePluginCalls(const HostState& host) {
     return calls;
 }
 
+json describeNowPlaying() {
+    const auto& controller = media::MPUNowPlayingController::sharedController();
+    const auto& application = controller.nowPlayingAppBundleIdentifier();
+    return {{"application", application ? json(*application) : json(nullptr)},
+            {"playing", controller.isPlaying()},
+            {"radio", controller.isRadioStation()},
+            {"elapsed", controller.currentElapsed()},
+            {"duration", controller.currentDuration()},
+            {"volume", controller.currentVolume()},
+            {"info", describeValue(controller.currentNowPlayingInfo())}};
+}
+
 } // namespace
 
 json describeValue(const foundation::PropertyList& value) {
@@ -174,6 +187,8 @@ json describeState(const HostState& host, const std::vector<foundation::Notifica
                {"locked", host.locked},
                {"display", host.displayOn},
                {"keyboard", describe(host.keyboard)},
+               {"hud", host.hudCount},
+               {"nowPlaying", describeNowPlaying()},
                {"log", foundation::loggedLines()},
                {"notifications", json::array()},
                {"pluginCalls", describePluginCalls(host)},

@@ -28,6 +28,7 @@ struct HostState {
     bool locked = false;
     bool displayOn = true;
     toolkit::Rect keyboard;
+    int hudCount = 0; // volume displays shown since the start
 };
 
 /// Lays out what is marked, and describes everything.

@@ -90,8 +90,10 @@ void MPUChronologicalProgressView::setAlwaysLive(bool alwaysLive) {
 
 void MPUChronologicalProgressView::setColor(Color color) {
     scrubber_->setColor(color);
-    for (const auto& label : {elapsedLabel_, remainingLabel_, liveLabel_})
+    for (const auto& label : {elapsedLabel_, remainingLabel_, liveLabel_}) {
         label->setTextColor(color);
+        label->setTextEdge(Color::clear()); // the colour is chosen for the glass
+    }
 }
 
 void MPUChronologicalProgressView::show() {

@@ -20,14 +20,6 @@ constexpr double volumeTop = 128, volumeHeight = 30;
 constexpr double subtitleAlpha = 0.68;
 constexpr std::size_t longestLine = 400; // bytes; far more than any screen is wide
 
-/// One line that a label can show.
-std::string lineOf(const std::string& text) {
-    std::string line = wholeUtf8(text, longestLine);
-    std::replace_if(
-        line.begin(), line.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
-    return line;
-}
-
 } // namespace
 
 /// Where what plays is named; it answers a tap.
@@ -89,11 +81,11 @@ void MPUMediaControlsView::setPlaying(bool playing) {
 }
 
 void MPUMediaControlsView::setTitle(const std::string& title) {
-    title_->setText(lineOf(title));
+    title_->setText(singleLine(title, longestLine));
 }
 
 void MPUMediaControlsView::setSubtitle(const std::string& subtitle) {
-    subtitle_->setText(lineOf(subtitle));
+    subtitle_->setText(singleLine(subtitle, longestLine));
 }
 
 void MPUMediaControlsView::setColor(Color color) {

@@ -1,10 +1,13 @@
 #include "platform/media/MPUSystemMediaControlsViewController.h"
 
+#include "platform/foundation/RunLoop.h"
 #include "platform/media/MPUNowPlayingController.h"
 #include "platform/media/NowPlayingInfo.h"
 #include "platform/runtime/Message.h"
+#include "platform/toolkit/views/UIVisualEffectView.h"
 
 using runtime::Object;
+using namespace toolkit;
 
 namespace media {
 
@@ -27,7 +30,8 @@ RUNTIME_REGISTER_CLASS(MPUSystemMediaControlsViewController)
 
 namespace {
 
-constexpr std::int64_t lightSigns = 1;
+constexpr std::int64_t lightStyle = 1;
+const Color lightSigns = Color::white(1), darkSigns = Color::white(0, 0.78);
 /// Stands for what plays while nothing does.
 constexpr const char* musicApplication = "com.apple.Music";
 
@@ -36,13 +40,29 @@ std::string text(const foundation::PropertyList& info, const char* key) {
     return text ? *text : std::string();
 }
 
+/// The blur of the nearest glass that lies beneath a view, in it or in what it stands in.
+std::optional<BlurEffectStyle> glassBeneath(const UIView& view) {
+    for (const UIView* upper = &view; upper->superview(); upper = upper->superview()) {
+        std::optional<BlurEffectStyle> nearest;
+        for (const auto& sibling : upper->superview()->subviews()) {
+            if (sibling.get() == upper)
+                break;
+            const auto* glass = dynamic_cast<const UIVisualEffectView*>(sibling.get());
+            if (glass && glass->effect() && !glass->isHidden())
+                nearest = glass->effect()->style;
+        }
+        if (nearest)
+            return nearest;
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 Self::MPUSystemMediaControlsViewController(std::int64_t style) : style_(style) {}
 
 void Self::loadView() {
     mediaControlsView_ = std::make_shared<MPUMediaControlsView>();
-    mediaControlsView_->setColor(style_ == lightSigns ? toolkit::Color::white(1) : toolkit::Color::black());
     mediaControlsView_->setActions({[](RemoteCommand command) {
                                         if (MediaPort* port = MediaPort::current())
                                             port->perform(command);
@@ -55,6 +75,18 @@ void Self::loadView() {
     setView(mediaControlsView_);
     if (const auto self = std::static_pointer_cast<Self>(weak_from_this().lock()))
         MPUNowPlayingController::sharedController().addControls(self);
+    adaptToGlass();
+    // Whose glass it is changes it without a word.
+    glass_ =
+        foundation::RunLoop::main().addTurnHook(foundation::TurnPhase::Layout, [this] { adaptToGlass(); });
+}
+
+void Self::adaptToGlass() {
+    const auto glass = glassBeneath(*mediaControlsView_);
+    const bool light = glass ? *glass == BlurEffectStyle::Dark : style_ == lightStyle;
+    if (lightSigns_ != light)
+        mediaControlsView_->setColor(light ? lightSigns : darkSigns);
+    lightSigns_ = light;
 }
 
 void Self::nowPlayingApplicationDidChange(Object* controller, std::optional<std::string> bundleIdentifier) {

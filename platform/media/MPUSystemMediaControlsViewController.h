@@ -6,6 +6,7 @@
 // "_mediaControlsView" and the truth value "_nowPlayingIsRadioStation".
 #pragma once
 
+#include "platform/foundation/Handle.h"
 #include "platform/foundation/PropertyList.h"
 #include "platform/media/MPUMediaControlsView.h"
 #include "platform/runtime/Boolean.h"
@@ -19,7 +20,8 @@ namespace media {
 class MPUSystemMediaControlsViewController : public toolkit::UIViewController {
     RUNTIME_CLASS()
 public:
-    /// initWithStyle: with 1 for light signs on dark glass, anything else for dark ones on light glass.
+    /// initWithStyle: with 1 for light signs, anything else for dark ones. On frosted glass the signs are
+    /// those that can be read on it, whichever the style.
     explicit MPUSystemMediaControlsViewController(std::int64_t style);
 
     std::int64_t style() const { return style_; }
@@ -52,9 +54,12 @@ private:
     void hostLaunchCurrentNowPlayingApp();
 
     void showInfo(const foundation::PropertyList& info);
+    void adaptToGlass();
 
     std::int64_t style_;
     std::optional<std::string> bundleIdentifier_; // of the application that plays
+    std::optional<bool> lightSigns_;              // as shown
+    foundation::Handle glass_;
     std::shared_ptr<MPUMediaControlsView> mediaControlsView_;
     std::shared_ptr<runtime::Boolean> nowPlayingIsRadioStation_ = std::make_shared<runtime::Boolean>();
 };

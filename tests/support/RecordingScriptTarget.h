@@ -14,6 +14,8 @@ public:
     std::vector<std::string> calls;
     /// A call that begins with this text fails.
     std::string failing;
+    /// How often music is still being read.
+    mutable int turnsToRead = 0;
 
     Failure touchDown(int finger, toolkit::Point p) override { return record("down", finger, p); }
     Failure touchMove(int finger, toolkit::Point p) override { return record("move", finger, p); }
@@ -33,6 +35,26 @@ public:
     }
     Failure type(const std::string& text) override { return record("type " + text); }
     Failure installPlugIn(const std::string& path) override { return record("install " + path); }
+    Failure addMusic(const std::string& path) override {
+        turnsToRead = 2;
+        return record("music " + path);
+    }
+    bool isReadingMusic() const override { return turnsToRead-- > 0; }
+    Failure playSong(const std::string& title) override { return record("song " + title); }
+    Failure pressPlayer(script::PlayerButton button) override {
+        return record("player " + std::to_string(static_cast<int>(button)));
+    }
+    Failure seek(double seconds) override { return record("seek " + std::to_string(seconds)); }
+    Failure playRadio(const std::string& title, const std::string& artist) override {
+        return record("radio " + title + "/" + artist);
+    }
+    Failure reportNowPlaying(const foundation::PropertyList& info) override {
+        return record(info.isNil() ? "nothing plays" : "plays " + std::to_string(info.dictionary()->size()));
+    }
+    Failure reportElapsed(double seconds) override { return record("elapsed " + std::to_string(seconds)); }
+    Failure holdVolumeSlider(script::SliderMoment moment) override {
+        return record(moment == script::SliderMoment::Begin ? "hold" : "let go");
+    }
     Failure writeScreenshot(const std::string& name) override { return record("shot " + name); }
     Failure writeState(const std::string& name) override { return record("state " + name); }
 

@@ -23,9 +23,8 @@ struct Player {
 } // namespace
 
 struct NowPlayingChoice::State : std::enable_shared_from_this<State> {
-    /// What of the chosen player is still to be reported.
+    /// What of the chosen player is still to be reported, besides whether it plays.
     struct Pending {
-        bool playing = false;
         bool info = false;
         bool elapsed = false;
     };
@@ -41,7 +40,8 @@ struct NowPlayingChoice::State : std::enable_shared_from_this<State> {
     std::vector<std::shared_ptr<NowPlayingSource>> sources;
     std::shared_ptr<NowPlayingSource> chosen;
     std::uint64_t events = 0;
-    bool radioStation = false;
+    bool radioStation = false; // as reported
+    bool playing = false;
     Pending pending;
     bool reportUnderWay = false;
     foundation::Handle timer;
@@ -99,7 +99,6 @@ void NowPlayingChoice::State::noteStartsAndStops(Player& player) {
 void NowPlayingChoice::State::changed(Player& player, NowPlayingSource::Change change) {
     noteStartsAndStops(player);
     if (player.source == chosen) {
-        pending.playing |= change == NowPlayingSource::Change::Playing;
         pending.info |= change == NowPlayingSource::Change::Info;
         pending.elapsed |= change == NowPlayingSource::Change::Elapsed;
     }
@@ -118,23 +117,24 @@ void NowPlayingChoice::State::reportLater() {
 
 void NowPlayingChoice::State::report() {
     reportUnderWay = false;
-    Pending due = std::exchange(pending, {});
-    auto& controller = media::MPUNowPlayingController::sharedController();
     const auto now = best();
     const bool otherPlayer = now != std::exchange(chosen, now);
-    const bool radio = now && now->isRadioStation();
-    // A stream that follows a song is news for whoever follows the playing state, too.
-    due.playing |= otherPlayer || radio != std::exchange(radioStation, radio);
-    due.info |= due.playing;
-    due.elapsed |= due.info;
+    const bool radio = now && now->isRadioStation(), plays = now && now->isPlaying();
+    const bool otherKind = radio != std::exchange(radioStation, radio);
+    const bool startsOrStops = plays != std::exchange(playing, plays);
+    // A stream that follows a song is news for whoever follows the playing state, too; and the information
+    // holds the rate at which it plays.
+    const bool tellsState = otherPlayer || otherKind || startsOrStops;
+    const Pending due = std::exchange(pending, {});
+    auto& controller = media::MPUNowPlayingController::sharedController();
     controller.setRadioStation(radio);
     if (otherPlayer)
         controller.applicationDidChange(now ? std::optional(now->bundleIdentifier()) : std::nullopt);
-    if (due.playing)
-        controller.playbackStateDidChange(now && now->isPlaying());
-    if (due.info)
+    if (tellsState)
+        controller.playbackStateDidChange(plays);
+    if (tellsState || due.info)
         controller.infoDidChange(now ? now->nowPlayingInfo() : foundation::PropertyList());
-    if (due.elapsed)
+    if (tellsState || due.info || due.elapsed)
         controller.elapsedTimeDidChange(now ? now->elapsed() : 0);
     updateTimer();
 }

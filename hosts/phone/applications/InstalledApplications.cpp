@@ -5,19 +5,21 @@
 #include "hosts/phone/applications/MusicApplication.h"
 #include "hosts/phone/applications/NotesApplication.h"
 #include "hosts/phone/applications/PhotosApplication.h"
+#include "hosts/phone/applications/RadioApplication.h"
 #include "hosts/phone/applications/SettingsApplication.h"
 
 namespace phone {
 
-std::vector<std::shared_ptr<Application>> makeInstalledApplications(WallClock& clock) {
+std::vector<std::shared_ptr<Application>> makeInstalledApplications(WallClock& clock, PhoneMediaPort& music) {
     return {std::make_shared<CalendarApplication>(clock), std::make_shared<ClockApplication>(clock),
-            std::make_shared<MusicApplication>(),         std::make_shared<PhotosApplication>(),
-            std::make_shared<NotesApplication>(clock),    std::make_shared<SettingsApplication>()};
+            std::make_shared<RadioApplication>(music),    std::make_shared<MusicApplication>(music),
+            std::make_shared<PhotosApplication>(),        std::make_shared<NotesApplication>(clock),
+            std::make_shared<SettingsApplication>()};
 }
 
 bool liesInDock(const Application& application) {
     const IconKind icon = application.description().icon;
-    return icon != IconKind::Clock && icon != IconKind::Calendar;
+    return icon != IconKind::Clock && icon != IconKind::Calendar && icon != IconKind::Radio;
 }
 
 } // namespace phone

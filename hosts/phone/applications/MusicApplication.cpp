@@ -5,12 +5,22 @@
 
 namespace phone {
 
-MusicApplication::MusicApplication()
-    : Application({"com.apple.Music", "Music", IconKind::Music, toolkit::orientationMaskAllButUpsideDown,
-                   StatusBarStyle::DarkContent}) {}
+MusicApplication::MusicApplication(PhoneMediaPort& music)
+    : Application({MusicPlayer::applicationIdentifier, "Music", IconKind::Music,
+                   toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}),
+      music_(music) {}
+
+void MusicApplication::becameActive() {
+    view_->setActive(true);
+}
+
+void MusicApplication::resignedActive() {
+    view_->setActive(false);
+}
 
 std::shared_ptr<toolkit::UIView> MusicApplication::makeView() {
-    return std::make_shared<MusicView>();
+    view_ = std::make_shared<MusicView>(music_);
+    return view_;
 }
 
 } // namespace phone

@@ -1,8 +1,10 @@
 #include "hosts/phone/applications/MusicView.h"
 
-#include "hosts/phone/artwork/RecordArtwork.h"
-#include "hosts/phone/screens/Labels.h"
+#include "hosts/phone/artwork/CoverArtwork.h"
+#include "platform/media/MPUChronologicalProgressView.h"
 #include "platform/toolkit/windows/UIScreen.h"
+
+#include <algorithm>
 
 using namespace toolkit;
 
@@ -11,7 +13,15 @@ namespace phone {
 namespace {
 
 const Color tint = Color::rgba(0.93, 0.17, 0.38);
-constexpr double sleeveSide = 168; // points
+
+std::string textOf(const media::MPMediaItem& song, const char* property) {
+    const auto* value = song.storedProperty(property);
+    return value && value->string() ? *value->string() : std::string();
+}
+
+std::string joined(const std::string& a, const std::string& b) {
+    return a.empty() || b.empty() ? a + b : a + " — " + b;
+}
 
 } // namespace
 
@@ -22,43 +32,89 @@ runtime::Class& MusicView::staticClass() {
 }
 RUNTIME_REGISTER_CLASS(MusicView)
 
-MusicView::MusicView()
-    : bar_(std::make_shared<NavigationBar>("Library", NavigationBarStyle::Light, tint)),
-      picture_(std::make_shared<UIImageView>(Rect(), drawRecord(sleeveSide, UIScreen::mainScreen().scale()))),
-      title_(makeLabel("No Music", Font::system(24, FontWeight::Semibold), Color::white(0.08),
-                       TextAlignment::Center)),
-      text_(makeLabel("Songs that you add to this phone appear here.", Font::system(16), Color::white(0.48),
-                      TextAlignment::Center)) {
+MusicView::MusicView(PhoneMediaPort& music)
+    : music_(music),
+      songs_(music.songs()),
+      placeholder_(drawCover(CoverKind::Song, MusicRow::coverSide, UIScreen::mainScreen().scale())),
+      list_(std::make_shared<RowList>(
+          MusicRow::height, RowList::Content{[] { return std::make_shared<MusicRow>(tint); },
+                                             [this](ListRow& row) { showRow(static_cast<MusicRow&>(row)); },
+                                             [this](std::size_t line) {
+                                                 const auto song = (*songs_)[line];
+                                                 music_.playFromLibrary(song);
+                                             }})),
+      empty_(std::make_shared<EmptyMusicView>()),
+      bar_(std::make_shared<NavigationBar>("Library", NavigationBarStyle::Light, tint)),
+      nowPlaying_(std::make_shared<NowPlayingBar>(music, tint, [this] {
+          list_->refresh();
+          setNeedsLayout();
+      })) {
     setBackgroundColor(Color::white(0.985));
-    text_->setNumberOfLines(0);
-    for (const std::shared_ptr<UIView>& view :
-         {std::shared_ptr<UIView>(picture_), std::shared_ptr<UIView>(title_), std::shared_ptr<UIView>(text_),
-          std::shared_ptr<UIView>(bar_)})
-        addSubview(view);
+    nowPlaying_->addHandler(ControlEvent::TouchUpInside, [this] { scrollToPlaying(); });
+    for (const std::shared_ptr<UIView>& part :
+         std::initializer_list<std::shared_ptr<UIView>>{list_, empty_, bar_, nowPlaying_})
+        addSubview(part);
+    if (const auto& library = music.library())
+        library_ = library->addObserver([this] { libraryChanged(); });
+    libraryChanged();
+}
+
+void MusicView::setActive(bool active) {
+    nowPlaying_->setActive(active);
+}
+
+void MusicView::libraryChanged() {
+    songs_ = music_.songs();
+    list_->reload(songs_->size());
+    list_->setHidden(songs_->empty());
+    empty_->setHidden(!songs_->empty());
+    empty_->setText(emptyText());
+}
+
+std::string MusicView::emptyText() const {
+    const auto& library = music_.library();
+    if (!library || library->directories().empty())
+        return "Songs that you add to this phone appear here.";
+    if (library->isScanning())
+        return "Looking for music…";
+    std::string places;
+    for (const auto& directory : library->directories())
+        places += (places.empty() ? "" : ", ") + directory.string();
+    return "Music is looked for in " + places + ".";
+}
+
+void MusicView::showRow(MusicRow& row) const {
+    const auto& song = *(*songs_)[row.index()];
+    const auto* duration = song.storedProperty(media::MPMediaItemPropertyPlaybackDuration);
+    row.setText(textOf(song, media::MPMediaItemPropertyTitle),
+                joined(textOf(song, media::MPMediaItemPropertyArtist),
+                       textOf(song, media::MPMediaItemPropertyAlbumTitle)),
+                duration ? media::MPUChronologicalProgressView::timeText(duration->doubleValue()) : "");
+    row.setCover(song.artwork(), placeholder_);
+    const auto current = music_.player().nowPlayingItem();
+    row.setCurrent(current && current->persistentID() == song.persistentID());
+}
+
+void MusicView::scrollToPlaying() {
+    const auto current = music_.player().nowPlayingItem();
+    const auto found = std::find_if(songs_->begin(), songs_->end(), [&](const auto& song) {
+        return current && song->persistentID() == current->persistentID();
+    });
+    if (found != songs_->end())
+        list_->scrollToRow(static_cast<std::size_t>(found - songs_->begin()));
 }
 
 void MusicView::layoutSubviews() {
     const Size size = bounds().size();
     const double top = NavigationBar::heightFor(size);
+    const double foot = nowPlaying_->hasContent() ? NowPlayingBar::height : 0;
     bar_->setFrame({0, 0, size.width, top});
-    const Size picture = picture_->image()->size();
-    const bool wide = size.width > size.height && size.height < 500;
-    const double textWidth =
-        wide ? std::min(280.0, size.width - picture.width - 80) : std::min(300.0, size.width - 48);
-    const double textHeight = text_->sizeThatFits({textWidth, 0}).height;
-    if (wide) {
-        const double left = (size.width - picture.width - 28 - textWidth) / 2,
-                     middle = top + (size.height - top) / 2;
-        picture_->setFrame({left, middle - picture.height / 2, picture.width, picture.height});
-        title_->setFrame({left + picture.width + 28, middle - 32, textWidth, 32});
-        text_->setFrame({left + picture.width + 28, middle + 4, textWidth, textHeight});
-        return;
-    }
-    double y = top + (size.height - top - picture.height - 34 - 32 - 6 - textHeight) * 0.44;
-    picture_->setFrame({(size.width - picture.width) / 2, y, picture.width, picture.height});
-    y += picture.height + 34;
-    title_->setFrame({(size.width - textWidth) / 2, y, textWidth, 32});
-    text_->setFrame({(size.width - textWidth) / 2, y + 38, textWidth, textHeight});
+    const Point offset = list_->contentOffset();
+    list_->setContentInset({0, 0, foot, 0});
+    list_->setBounds({offset, {size.width, size.height - top}});
+    list_->setCenter({size.width / 2, top + (size.height - top) / 2});
+    empty_->setFrame({0, top, size.width, size.height - top - foot});
+    nowPlaying_->setFrame({0, size.height - NowPlayingBar::height, size.width, NowPlayingBar::height});
 }
 
 } // namespace phone

@@ -47,6 +47,23 @@ void drawMusic(Canvas& canvas) {
     }
 }
 
+/// A mast, and what goes out from it.
+void drawRadio(Canvas& canvas) {
+    background(canvas, 0x9B6BF2, 0x5B2FB8);
+    canvas.fillRadialGradient({0, 0, unit, unit}, {44, 4}, 46,
+                              {{0, hex(0xFF9AD0, 0.8)}, {1, hex(0xFF9AD0, 0)}});
+    for (double radius : {9.0, 15.5, 22.0})
+        for (double side : {0.0, std::numbers::pi})
+            canvas.strokePath(Path().arc({30, 25}, radius, side - 0.78, side + 0.78), 3, LineCap::Round,
+                              Color::white(1, radius < 10   ? 1
+                                              : radius < 16 ? 0.85
+                                                            : 0.6));
+    line(canvas, {30, 25}, {23, 49}, 2.6, Color::white(1));
+    line(canvas, {30, 25}, {37, 49}, 2.6, Color::white(1));
+    line(canvas, {26.2, 38}, {33.8, 38}, 2.2, Color::white(1));
+    disc(canvas, 30, 25, 4, Color::white(1));
+}
+
 void drawPhotos(Canvas& canvas) {
     background(canvas, 0x6FD6FF, 0xCFF3F2);
     canvas.fillRadialGradient({0, 0, unit, unit}, {43, 18}, 20, {{0, hex(0xFFF3B8)}, {1, hex(0xFFF3B8, 0)}});
@@ -132,6 +149,8 @@ void drawPicture(IconKind kind, Canvas& canvas) {
     switch (kind) {
     case IconKind::Music:
         return drawMusic(canvas);
+    case IconKind::Radio:
+        return drawRadio(canvas);
     case IconKind::Photos:
         return drawPhotos(canvas);
     case IconKind::Notes:

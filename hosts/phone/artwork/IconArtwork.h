@@ -7,7 +7,7 @@
 
 namespace phone {
 
-enum class IconKind { Music, Photos, Notes, Settings, Clock, Calendar };
+enum class IconKind { Music, Radio, Photos, Notes, Settings, Clock, Calendar };
 
 /// A square icon of `side` points with continuously rounded corners.
 std::shared_ptr<const toolkit::Image> drawIcon(IconKind kind, double side, double scale);

@@ -118,6 +118,7 @@ const std::map<std::string, Setter> settings{
     {"--script", [](const std::string& text, Options& o) { o.script = pathOf(text); }},
     {"--out", [](const std::string& text, Options& o) { o.outputDirectory = pathOf(text); }},
     {"--root", [](const std::string& text, Options& o) { o.root = pathOf(text); }},
+    {"--music", [](const std::string& text, Options& o) { o.musicDirectory = pathOf(text); }},
     {"--after-crash", [](const std::string& text, Options& o) { o.afterCrash = pathOf(text); }},
     {"--extension", [](const std::string& text, Options& o) { o.extension = pathOf(text); }},
     {"--screen", parseScreen},
@@ -188,6 +189,8 @@ clock without a display.
   --system-version V    the system version that the phone names (default: 9.3)
   --root DIR            the directory that is the device's disk (default: vela3/device in the user's data
                         directory; headless, a temporary one that is removed at the end)
+  --music DIR           look for music in this directory (default: the user's own music directory;
+                        headless, none)
   --extension FILE      load this extension instead of the installed one
   --no-extension        load no extension
   --no-plugins          do not bring the phone's own plug-ins to the device

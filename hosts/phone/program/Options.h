@@ -29,6 +29,7 @@ struct Options {
     std::optional<std::filesystem::path> script;
     std::filesystem::path outputDirectory = ".";
     std::optional<std::filesystem::path> root;
+    std::optional<std::filesystem::path> musicDirectory;
     toolkit::Size screenSize{375, 667}; // points
     double screenScale = 2;             // pixels a point
     std::string model = "iPhone";

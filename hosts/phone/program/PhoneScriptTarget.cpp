@@ -117,7 +117,8 @@ PhoneScriptTarget::Failure PhoneScriptTarget::writeState(const std::string& file
                                  phone_.frontmostIdentifier(),
                                  phone_.isLocked(),
                                  phone_.isDisplayOn(),
-                                 phone_.visibleKeyboardFrame()};
+                                 phone_.visibleKeyboardFrame(),
+                                 phone_.hudCount()};
     const std::string text = script::writeJson(script::describeState(host, recorder_.notifications()));
     return writeFile(fileName, text.data(), text.size());
 }

@@ -27,6 +27,15 @@ public:
     Failure setPreference(const std::string& key, const foundation::PropertyList& value) override;
     Failure type(const std::string& text) override;
     Failure installPlugIn(const std::string& path) override;
+    Failure addMusic(const std::string& path) override;
+    bool isReadingMusic() const override;
+    Failure playSong(const std::string& title) override;
+    Failure pressPlayer(script::PlayerButton button) override;
+    Failure seek(double seconds) override;
+    Failure playRadio(const std::string& title, const std::string& artist) override;
+    Failure reportNowPlaying(const foundation::PropertyList& info) override;
+    Failure reportElapsed(double seconds) override;
+    Failure holdVolumeSlider(script::SliderMoment moment) override;
     Failure writeScreenshot(const std::string& fileName) override;
     Failure writeState(const std::string& fileName) override;
 

@@ -33,4 +33,11 @@ std::string wholeUtf8(std::string_view text, std::size_t maximumBytes) {
     return result;
 }
 
+std::string singleLine(std::string_view text, std::size_t maximumBytes) {
+    std::string line = wholeUtf8(text, maximumBytes);
+    std::replace_if(
+        line.begin(), line.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
+    return line;
+}
+
 } // namespace toolkit

@@ -1,0 +1,29 @@
+// The radio: a list of stations that the user may change.
+#pragma once
+
+#include "hosts/phone/applications/Application.h"
+#include "hosts/phone/music/PhoneMediaPort.h"
+
+namespace phone {
+
+class RadioView;
+
+class RadioApplication : public Application {
+public:
+    static constexpr const char* identifier = "com.apple.Radio";
+
+    explicit RadioApplication(PhoneMediaPort& music);
+
+    void becameActive() override;
+    void resignedActive() override;
+    void keyboardFrameChanged(toolkit::Rect frame) override;
+
+protected:
+    std::shared_ptr<toolkit::UIView> makeView() override;
+
+private:
+    PhoneMediaPort& music_;
+    std::shared_ptr<RadioView> view_;
+};
+
+} // namespace phone
