@@ -13,18 +13,26 @@ namespace tests {
 
 class PhoneRun {
 public:
+    /// A phone that has not been started: its root may be prepared.
+    PhoneRun() = default;
+
     /// Plays `script` to its end; throws with what the program said when it fails. Preferences are the
     /// defaults of a fresh installation.
-    explicit PhoneRun(const std::string& script, std::vector<std::string> arguments = {}) {
+    explicit PhoneRun(const std::string& script, const std::vector<std::string>& arguments = {}) {
+        const auto child = play(script, arguments);
+        if (child.exitCode != 0)
+            throw std::runtime_error("vela-phone: " + child.errors);
+    }
+
+    /// Plays a script, once more on the same root.
+    support::ChildProcess play(const std::string& script, const std::vector<std::string>& arguments = {}) {
         const auto scriptFile = directory_.path() / "script.phone";
         std::ofstream(scriptFile) << script;
         std::vector<std::string> command{
             VELA_BINARY_DIR "/bin/vela-phone", "--headless", "--script", scriptFile, "--out",
             directory_.path() / "out",         "--root",     root()};
         command.insert(command.end(), arguments.begin(), arguments.end());
-        const auto child = support::ChildProcess::run(command);
-        if (child.exitCode != 0)
-            throw std::runtime_error("vela-phone: " + child.errors);
+        return support::ChildProcess::run(command);
     }
 
     std::string root() const { return directory_.path() / "root"; }
@@ -39,6 +47,17 @@ public:
             if (window["class"] == cls)
                 return window;
         throw std::runtime_error("no window of class " + cls);
+    }
+    /// The views of a class within a window or view, in the order of drawing.
+    static std::vector<nlohmann::json> views(const nlohmann::json& within, const std::string& cls) {
+        std::vector<nlohmann::json> found;
+        for (const auto& view : within["subviews"]) {
+            if (view["class"] == cls)
+                found.push_back(view);
+            for (auto& deeper : views(view, cls))
+                found.push_back(std::move(deeper));
+        }
+        return found;
     }
 
 private:
