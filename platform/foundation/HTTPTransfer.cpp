@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include <arpa/inet.h>
 #include <curl/curl.h>
 #include <glib.h>
 
@@ -42,8 +43,12 @@ std::string hostOf(const std::string& address) {
 }
 
 /// This machine's own services are never asked through a proxy.
-bool isThisMachine(const std::string& host) {
-    return host.starts_with("127.") || host.starts_with("localhost:") || host.starts_with("[::1]");
+bool isThisMachine(const std::string& hostAndPort) {
+    const std::string host = hostAndPort.substr(0, hostAndPort.rfind(':'));
+    in_addr number{};
+    if (inet_pton(AF_INET, host.c_str(), &number) == 1)
+        return ntohl(number.s_addr) >> 24 == IN_LOOPBACKNET;
+    return host == "localhost" || host == "[::1]";
 }
 
 long milliseconds(double seconds) {

@@ -1,5 +1,6 @@
 #include "platform/foundation/JsonCoding.h"
 
+#include <algorithm>
 #include <limits>
 
 #include <nlohmann/json.hpp>
@@ -83,7 +84,8 @@ private:
 } // namespace
 
 std::optional<PropertyList> decodeJson(std::span<const std::uint8_t> bytes, const JsonLimits& limits) {
-    if (bytes.size() > limits.maximumBytes)
+    // The parser takes a zero for the end, whatever comes behind it.
+    if (bytes.size() > limits.maximumBytes || std::find(bytes.begin(), bytes.end(), 0) != bytes.end())
         return std::nullopt;
     Builder builder(limits);
     if (!nlohmann::json::sax_parse(bytes.begin(), bytes.end(), &builder))

@@ -7,7 +7,7 @@
 namespace web {
 
 /// Parsing takes a time that grows with the square of these.
-inline constexpr std::size_t mostTags = 30'000;
+inline constexpr std::size_t mostTags = 15'000;
 inline constexpr std::size_t mostAttributesOfTag = 4'000;
 inline constexpr std::size_t longestAttributeValue = 256 * 1024; // bytes
 
