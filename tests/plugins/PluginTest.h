@@ -63,13 +63,13 @@ protected:
     }
 
     /// A plug-in's view in a window, laid out; null when it cannot be made.
-    std::shared_ptr<toolkit::UIView> show(const std::string& name) {
+    std::shared_ptr<toolkit::UIView> show(const std::string& name, toolkit::Size size = {300, 400}) {
         const auto bundle = Bundle::open(pathOf(name));
         auto view = bundle ? bundle->makePrincipalView() : nullptr;
         if (!view)
             return nullptr;
-        view->setFrame({0, 0, 300, 400});
-        window_ = shownWindow({0, 0, 300, 400});
+        view->setFrame({0, 0, size.width, size.height});
+        window_ = shownWindow({0, 0, size.width, size.height});
         window_->addSubview(view);
         loop.turn();
         return view;

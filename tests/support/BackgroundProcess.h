@@ -46,6 +46,12 @@ public:
                waitid(P_PID, static_cast<id_t>(pid_), &information, WEXITED | WNOHANG | WNOWAIT) == 0 &&
                information.si_pid == 0;
     }
+    /// Ends it without giving it a chance to do anything more.
+    void killNow() {
+        if (started_)
+            kill(pid_, SIGKILL);
+        waitForEnd();
+    }
     /// The exit code, -1 when a signal ended it.
     int waitForEnd() {
         int status = 0;
