@@ -5,9 +5,11 @@ namespace notesplugin {
 AutoSave::AutoSave(StartTimer startTimer, std::function<bool()> save)
     : startTimer_(std::move(startTimer)), save_(std::move(save)) {}
 
-void AutoSave::changed() {
+void AutoSave::changed(std::size_t size) {
     unsaved_ = true;
-    if (!timer_)
+    if (size <= atOnce)
+        fire();
+    else if (!timer_)
         start(delay);
 }
 

@@ -1,11 +1,13 @@
-// Saves soon after a change, so that a kill costs no more than the last moment's typing.
+// Saves every change at once, so that a kill costs nothing, unless there is so much to be written that it
+// would hold up the typing: that is saved soon after.
 //
-// The first change starts the delay and later ones do not put it off; who types without a pause is saved all
-// the while. What could not be saved stays unsaved and is tried again. At rest there is no timer.
+// The first such change starts the delay and later ones do not put it off; who types without a pause is saved
+// all the while. What could not be saved stays unsaved and is tried again. At rest there is no timer.
 #pragma once
 
 #include "VelaPlugin.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 
@@ -13,8 +15,9 @@ namespace notesplugin {
 
 class AutoSave {
 public:
-    static constexpr double delay = 0.4;      // seconds from a change to its saving
-    static constexpr double retryDelay = 3.0; // seconds from a failure to the next attempt
+    static constexpr std::size_t atOnce = 64 * 1024; // bytes, up to which a change is saved at once
+    static constexpr double delay = 0.4;             // seconds from a change to more than that to its saving
+    static constexpr double retryDelay = 3.0;        // seconds from a failure to the next attempt
 
     using StartTimer =
         std::function<std::unique_ptr<vela::plugin::Timer>(double seconds, std::function<void()> handler)>;
@@ -22,7 +25,8 @@ public:
     /// `save` answers whether it succeeded.
     AutoSave(StartTimer startTimer, std::function<bool()> save);
 
-    void changed();
+    /// `size` in bytes is what there is to be written.
+    void changed(std::size_t size);
     /// Saves at once what is unsaved, and leaves no timer behind. True when nothing is unsaved afterwards.
     bool flush();
     /// Tries again what could not be saved before the timers were stopped.

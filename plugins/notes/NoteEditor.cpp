@@ -32,7 +32,7 @@ NoteEditor::NoteEditor(Host& host, Notebook& notebook, Actions actions)
     text_->setBackground(look::card);
     text_->setCornerRadius(look::cornerRadius);
     text_->onChange([this] {
-        autoSave_.changed();
+        autoSave_.changed(text_->text().size());
         showStatus();
     });
     text_->onEditing([this](bool editing) { editingChanged(editing); });
