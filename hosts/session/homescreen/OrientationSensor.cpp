@@ -1,0 +1,44 @@
+#include "hosts/session/homescreen/OrientationSensor.h"
+
+#include <array>
+
+namespace session {
+
+namespace {
+
+constexpr std::array<std::pair<const char*, std::int64_t>, 4> names{
+    {{"normal", 1}, {"bottom-up", 2}, {"right-up", 3}, {"left-up", 4}}};
+
+constexpr bool isSideways(std::int64_t orientation) {
+    return orientation == 3 || orientation == 4;
+}
+
+} // namespace
+
+OrientationSensor::OrientationSensor(Bus& system, std::function<void()> changed)
+    : sensor_(system, {"net.hadess.SensorProxy", "/net/hadess/SensorProxy", "net.hadess.SensorProxy"},
+              {[this, changed] {
+                  // The service measures nothing before it is asked to.
+                  if (std::exchange(wasThere_, sensor_.isThere()) != sensor_.isThere() && wasThere_)
+                      sensor_.call("ClaimAccelerometer", nullptr);
+                  changed();
+              }}) {}
+
+std::int64_t OrientationSensor::orientation() const {
+    const std::string name = sensor_.stringProperty("AccelerometerOrientation", "");
+    for (const auto& [known, orientation] : names)
+        if (name == known)
+            return orientation;
+    return 0;
+}
+
+std::int64_t orientationOfOutput(bool isWide, int transform, bool builtUpright, std::int64_t sensed) {
+    if (sensed != 0 && isSideways(sensed) == isWide)
+        return sensed;
+    const int quarterTurns = transform & 3;
+    if (isWide)
+        return (builtUpright ? quarterTurns == 3 : quarterTurns == 2) ? 4 : 3;
+    return (builtUpright ? quarterTurns == 2 : quarterTurns == 3) ? 2 : 1;
+}
+
+} // namespace session

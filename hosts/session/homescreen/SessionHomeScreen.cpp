@@ -1,0 +1,126 @@
+#include "hosts/session/homescreen/SessionHomeScreen.h"
+
+#include "hosts/session/homescreen/DesktopEntries.h"
+#include "platform/foundation/ProcessInfo.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/toolkit/gestures/TouchDispatcher.h"
+#include "platform/toolkit/views/UIViewController.h"
+#include "platform/toolkit/windows/UIDevice.h"
+#include "platform/toolkit/windows/UIScreen.h"
+#include "platform/toolkit/windows/WindowServer.h"
+
+namespace session {
+
+using toolkit::Rect;
+using toolkit::Size;
+using toolkit::UIScreen;
+using toolkit::WindowServer;
+
+namespace {
+
+constexpr double keyboardShare = 0.4; // of the screen's height, where only its being there is told
+
+} // namespace
+
+SessionHomeScreen::SessionHomeScreen(Bus& session, Bus& system, Configuration configuration)
+    : configuration_(std::move(configuration)),
+      springBoard_(std::make_shared<homescreen::SpringBoard>()),
+      lockScreen_(std::make_shared<homescreen::SBLockScreenViewController>()),
+      lock_(system, [this] { lockHasChanged(); }),
+      keyboard_(session, [] {}), // the product asks twice a second
+      sensor_(system, [this] { followOutput(); }) {
+    auto& process = foundation::ProcessInfo::shared();
+    process.mainBundleIdentifier = "com.apple.springboard";
+    process.systemVersion = configuration_.systemVersion;
+    process.deviceModel = configuration_.model;
+    WindowServer::shared().attachToMainRunLoop();
+    setCurrent(this);
+}
+
+void SessionHomeScreen::launch() {
+    springBoard_->applicationDidFinishLaunching(springBoard_.get());
+}
+
+void SessionHomeScreen::finishLaunching() {
+    keyWindow_ = std::make_shared<toolkit::UIWindow>(UIScreen::mainScreen().bounds());
+    keyWindow_->setUserInteractionEnabled(false);
+    keyWindow_->setRootViewController(std::make_shared<toolkit::UIViewController>());
+    keyWindow_->makeKeyAndVisible();
+}
+
+// ---- Output
+
+void SessionHomeScreen::setOutput(const Output* output) {
+    output_ = output;
+    followOutput();
+}
+
+void SessionHomeScreen::followOutput() {
+    if (!output_ || !output_->isReady())
+        return;
+    const Size size = output_->logicalSize();
+    const bool sideways = output_->transform() % 2 == 1;
+    const bool isWide = size.width > size.height;
+    const auto before = orientation_;
+    orientation_ =
+        orientationOfOutput(isWide, output_->transform(), isWide == sideways, sensor_.orientation());
+    toolkit::UIDevice::currentDevice().setOrientation(static_cast<toolkit::DeviceOrientation>(orientation_));
+    if (front_)
+        front_->setStatusBarOrientation(orientation_);
+    const bool resized = size != UIScreen::mainScreen().bounds().size();
+    setScreen(size, output_->scale());
+    if (keyWindow_ && (resized || before != orientation_))
+        WindowServer::shared().setInterfaceOrientation(static_cast<int>(orientation_), 0);
+    setDisplayOn(output_->isOn());
+}
+
+void SessionHomeScreen::setScreen(Size size, double scale) {
+    UIScreen::mainScreen().setSize(size);
+    UIScreen::mainScreen().setScale(scale);
+    if (keyWindow_)
+        keyWindow_->setFrame(UIScreen::mainScreen().bounds());
+    toolkit::Layer::noteChange();
+}
+
+void SessionHomeScreen::setDisplayOn(bool on) {
+    if (std::exchange(displayOn_, on) && !on)
+        lockScreen_->_handleDisplayTurnedOff();
+}
+
+// ---- What the session does
+
+void SessionHomeScreen::setFront(const std::string& application) {
+    front_ = application.empty() ? nullptr : applicationInFront(application);
+}
+
+std::shared_ptr<homescreen::SBApplication>
+SessionHomeScreen::applicationInFront(const std::string& identifier) const {
+    auto application = std::make_shared<homescreen::SBApplication>(
+        identifier, applicationName(identifier).value_or(identifier));
+    application->setStatusBarOrientation(orientation_);
+    return application;
+}
+
+void SessionHomeScreen::lockHasChanged() {
+    configuration_.lockChanged();
+    if (isLocked() && keyWindow_)
+        lockScreen_->_handleDisplayTurnedOff();
+}
+
+void SessionHomeScreen::displayTurnedOff() {
+    toolkit::TouchDispatcher::shared().cancelAll(foundation::RunLoop::main().now());
+}
+
+Rect SessionHomeScreen::visibleKeyboardFrame() const {
+    if (!keyboard_.isVisible())
+        return {};
+    const Size screen = UIScreen::mainScreen().bounds().size();
+    const double height = screen.height * keyboardShare;
+    return {0, screen.height - height, screen.width, height};
+}
+
+std::optional<std::string> SessionHomeScreen::displayName(const std::string& bundleIdentifier) const {
+    return applicationName(bundleIdentifier);
+}
+
+} // namespace session

@@ -1,0 +1,135 @@
+#include "hosts/session/program/RunningSession.h"
+
+#include "hosts/device/ExtensionLoader.h"
+#include "hosts/device/InstalledFiles.h"
+#include "hosts/script/StateDump.h"
+#include "hosts/session/wayland/ConnectionError.h"
+#include "platform/foundation/Log.h"
+#include "platform/plugins/TimeOfDay.h"
+#include "platform/toolkit/text/Font.h"
+#include "platform/toolkit/windows/UIDevice.h"
+
+#include <algorithm>
+#include <ctime>
+
+namespace session {
+
+namespace {
+
+constexpr double retryInterval = 1; // seconds
+
+plugins::TimeOfDay timeOfDay() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    return {static_cast<double>(now), localtime_r(&now, &local) ? static_cast<int>(local.tm_gmtoff) : 0};
+}
+
+} // namespace
+
+RunningSession::RunningSession(const Options& options, foundation::GlibRunLoop& loop)
+    : loop_(loop),
+      outputName_(options.output),
+      startTime_(loop.now()),
+      homeScreen_(sessionBus_, systemBus_,
+                  {options.model, "9.3", [this] { return screen_ ? screen_->capture() : nullptr; },
+                   [this] {
+                       if (screen_)
+                           screen_->setWithheld(homeScreen_.isLocked());
+                   }}),
+      panels_(homeScreen_.springBoard(), [this] { control_.announce(); }),
+      control_(sessionBus_, panels_, [this] { return describeState(); }) {
+    toolkit::setFontDirectory((device::resourceDirectory() / "fonts").c_str(), false);
+    plugins::setTimeOfDaySource(timeOfDay);
+    connect();
+    device::loadExtension(options.extension.value_or(device::installedExtension()));
+    homeScreen_.launch();
+    loop_.endTurn();
+}
+
+// ---- The compositor
+
+void RunningSession::connect() {
+    connection_ = std::make_unique<Connection>();
+    connection_->serve([this] { loop_.endTurn(); }, [this] { connectionLost(); });
+    Globals& globals = connection_->globals();
+    if (globals.toplevels)
+        toplevels_ = std::make_unique<Toplevels>(*globals.toplevels,
+                                                 [this] { homeScreen_.setFront(toplevels_->front()); });
+    else
+        foundation::log(
+            "vela-session: no foreign-toplevel management: no application is known to be in front");
+    screen_ = std::make_unique<SessionScreen>(*connection_,
+                                              SessionScreen::Callbacks{[this](bool taken) {
+                                                                           if (toplevels_)
+                                                                               toplevels_->setHeld(taken);
+                                                                       },
+                                                                       [this] { panels_.dismiss(); }});
+    screen_->setWithheld(homeScreen_.isLocked());
+    globals.setOutputsChanged([this] { chooseOutput(); });
+    connection_->roundtrip(); // which tells of the windows
+    chooseOutput();
+}
+
+const Output* RunningSession::wantedOutput() const {
+    const auto& outputs = connection_->globals().outputs();
+    const auto first = [&outputs](auto fits) {
+        const auto found = std::ranges::find_if(
+            outputs, [&](const auto& output) { return output->isReady() && fits(*output); });
+        return found == outputs.end() ? nullptr : found->get();
+    };
+    if (!outputName_.empty())
+        return first([this](const Output& output) { return output.name() == outputName_; });
+    const Output* builtIn = first([](const Output& output) { return output.isBuiltIn(); });
+    return builtIn ? builtIn : first([](const Output&) { return true; });
+}
+
+void RunningSession::chooseOutput() {
+    const Output* output = wantedOutput();
+    homeScreen_.setOutput(output);
+    if (screen_)
+        screen_->setOutput(output);
+}
+
+void RunningSession::connectionLost() {
+    foundation::log("vela-session: the compositor is gone; waiting for it");
+    // Later: the connection itself is calling.
+    loop_.performOnMain([this] {
+        homeScreen_.setOutput(nullptr);
+        homeScreen_.setFront("");
+        screen_.reset();
+        toplevels_.reset();
+        connection_.reset();
+        reconnect();
+    });
+}
+
+void RunningSession::reconnect() {
+    try {
+        connect();
+        retry_.reset();
+        foundation::log("vela-session: the compositor is back");
+    } catch (const ConnectionError&) {
+        screen_.reset();
+        toplevels_.reset();
+        connection_.reset();
+        retry_ = loop_.scheduleTimer(retryInterval, false, [this] { reconnect(); });
+    }
+}
+
+// ---- What there is to see
+
+std::string RunningSession::describeState() const {
+    const auto front = homeScreen_.topDisplay();
+    const auto* application = dynamic_cast<const homescreen::SBApplication*>(front.get());
+    script::HostState host;
+    host.time = loop_.now() - startTime_;
+    host.interfaceOrientation = static_cast<int>(homeScreen_.interfaceOrientation());
+    host.deviceOrientation = toolkit::UIDevice::currentDevice().orientation();
+    host.frontmost = application ? application->bundleIdentifier() : "";
+    host.locked = homeScreen_.isLocked();
+    host.displayOn = homeScreen_.isDisplayOn();
+    host.keyboard = homeScreen_.visibleKeyboardFrame();
+    return script::writeJson(script::describeState(host, notifications_.notifications()));
+}
+
+} // namespace session

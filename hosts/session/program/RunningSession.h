@@ -1,0 +1,46 @@
+// The session host, put together: compositor, buses, home screen and product.
+//
+// Made once, after the main run loop and the device root, and never torn down: the product's windows and
+// timers live until the process ends. What belongs to one compositor is made anew when that has been started
+// again.
+#pragma once
+
+#include "hosts/script/NotificationRecorder.h"
+#include "hosts/session/bus/ControlService.h"
+#include "hosts/session/homescreen/SessionHomeScreen.h"
+#include "hosts/session/program/Options.h"
+#include "hosts/session/surfaces/SessionScreen.h"
+#include "hosts/session/wayland/Toplevels.h"
+#include "platform/foundation/GlibRunLoop.h"
+
+namespace session {
+
+class RunningSession {
+public:
+    /// Throws ConnectionError or device::ProgramError.
+    RunningSession(const Options& options, foundation::GlibRunLoop& loop);
+
+private:
+    void connect();
+    void reconnect();
+    void chooseOutput();
+    const Output* wantedOutput() const;
+    void connectionLost();
+    std::string describeState() const;
+
+    foundation::GlibRunLoop& loop_;
+    std::string outputName_;
+    double startTime_;
+    script::NotificationRecorder notifications_;
+    Bus sessionBus_{Bus::Kind::Session};
+    Bus systemBus_{Bus::Kind::System};
+    std::unique_ptr<Connection> connection_;
+    std::unique_ptr<Toplevels> toplevels_;
+    std::unique_ptr<SessionScreen> screen_;
+    SessionHomeScreen homeScreen_;
+    Panels panels_;
+    ControlService control_;
+    foundation::Handle retry_;
+};
+
+} // namespace session

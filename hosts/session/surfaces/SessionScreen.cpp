@@ -1,0 +1,290 @@
+#include "hosts/session/surfaces/SessionScreen.h"
+
+#include "hosts/session/surfaces/ScreenCapture.h"
+#include "platform/foundation/Log.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/toolkit/gestures/TouchDispatcher.h"
+#include "platform/toolkit/views/TextInput.h"
+#include "platform/toolkit/windows/UIScreen.h"
+#include "platform/toolkit/windows/WindowServer.h"
+
+#include <algorithm>
+
+namespace session {
+
+using toolkit::Point;
+using toolkit::SeparateWindow;
+using toolkit::TouchDispatcher;
+using toolkit::UIScreen;
+using toolkit::WindowServer;
+
+namespace {
+
+/// The darkest that nobody sees: one step of 255 is more.
+constexpr double unseenAlpha = 0.0101;
+
+constexpr double captureLife = 0.2; // seconds
+
+bool canBeTold(const SeparateWindow& shown) {
+    const auto& look = shown.picture->look();
+    return look.glass || !look.content.isEmpty() ||
+           (look.color && look.color->alpha * look.opacity > unseenAlpha);
+}
+
+double now() {
+    return foundation::RunLoop::main().now();
+}
+
+} // namespace
+
+SessionScreen::SessionScreen(Connection& connection, Callbacks callbacks)
+    : connection_(connection),
+      callbacks_(std::move(callbacks)),
+      pixels_(connection.globals()),
+      glass_(*connection.globals().shm) {
+    if (connection.globals().seat)
+        seat_ = std::make_unique<Seat>(*connection.globals().seat, *this);
+    reportMissingProtocols();
+    commitHook_ =
+        foundation::RunLoop::main().addTurnHook(foundation::TurnPhase::Commit, [this] { present(); });
+}
+
+SessionScreen::~SessionScreen() {
+    fingersCancelled();
+}
+
+void SessionScreen::reportMissingProtocols() const {
+    const Globals& globals = connection_.globals();
+    const auto report = [](bool there, const char* line) {
+        if (!there)
+            foundation::log(std::string("vela-session: ") + line);
+    };
+    report(globals.viewporter != nullptr, "no viewporter: colours and pictures are drawn in full size");
+    report(globals.singlePixelBuffers != nullptr,
+           "no single-pixel buffers: colours are kept in shared memory");
+    report(globals.screencopy != nullptr,
+           "no screen copies: glass is plain, and its automatic style is light");
+    report(globals.xdgOutputs != nullptr, "no xdg-output: scales between whole numbers are not seen");
+    report(seat_ != nullptr, "no seat: panels are called over D-Bus only");
+}
+
+// ---- Output
+
+void SessionScreen::setOutput(const Output* output) {
+    if (output != output_) {
+        takeDownStage();
+        takeDownStrips();
+    }
+    output_ = output;
+    due_ = true;
+}
+
+void SessionScreen::setWithheld(bool withheld) {
+    if (withheld == withheld_)
+        return;
+    withheld_ = withheld;
+    due_ = true;
+    if (withheld) {
+        takeDownStage();
+        takeDownStrips();
+        connection_.flush();
+    }
+}
+
+/// The product asks for the picture to choose a panel's glass by, right before the glass itself needs it.
+std::shared_ptr<const toolkit::Image> SessionScreen::capture() {
+    if (!output_)
+        return nullptr;
+    if (!captured_ || now() - captureTime_ > captureLife) {
+        captured_ = ScreenCapture::take(connection_, *output_);
+        captureTime_ = now();
+    }
+    return captured_;
+}
+
+// ---- Frames
+
+void SessionScreen::present() {
+    if (!output_ || withheld_ || (stage_ && stage_->isBusy()))
+        return;
+    if (!due_ && !WindowServer::shared().needsFrame())
+        return;
+    due_ = false;
+    const Windows& windows = WindowServer::shared().composeSeparately();
+    showStrips(windows);
+    showStage(windows);
+    connection_.flush();
+}
+
+void SessionScreen::showStrips(const Windows& windows) {
+    std::map<std::uint64_t, PointRect> wanted;
+    for (const SeparateWindow& shown : windows)
+        if (!canBeTold(shown) && shown.window->takesTouchAt(shown.window->bounds().center()))
+            wanted[shown.window->layer()->id()] = PointRect::around(shown.window->frame());
+    for (auto strip = strips_.begin(); strip != strips_.end();) {
+        if (wanted.contains(strip->first)) {
+            ++strip;
+            continue;
+        }
+        cancelFingersOn(strip->second.surface->surface());
+        strip = strips_.erase(strip);
+    }
+    for (const auto& [id, frame] : wanted) {
+        Strip& strip = strips_[id];
+        if (!strip.surface)
+            strip.surface = std::make_unique<LayerSurface>(
+                connection_.globals(), pixels_, *output_, "vela-grabber",
+                [&strip] { strip.surface->commit(); }, [this, id = id] { closeStrip(id); });
+        if (strip.frame == frame)
+            continue;
+        strip.frame = frame;
+        strip.surface->place(frame);
+        strip.surface->setTouchable({{0, 0, frame.width, frame.height}});
+        strip.surface->commit();
+    }
+}
+
+/// The compositor has taken it away; another one follows with the next frame.
+void SessionScreen::closeStrip(std::uint64_t id) {
+    // Later, for the strip itself is calling.
+    foundation::RunLoop::main().performOnMain([self = std::weak_ptr(alive_), this, id] {
+        const auto strip = self.expired() ? strips_.end() : strips_.find(id);
+        if (strip == strips_.end())
+            return;
+        cancelFingersOn(strip->second.surface->surface());
+        strips_.erase(strip);
+        due_ = true;
+    });
+}
+
+void SessionScreen::closeStage() {
+    foundation::RunLoop::main().performOnMain([self = std::weak_ptr(alive_), this] {
+        if (self.expired())
+            return;
+        takeDownStage();
+        due_ = true;
+    });
+}
+
+void SessionScreen::showStage(const Windows& windows) {
+    Windows seen;
+    std::ranges::copy_if(windows, std::back_inserter(seen), canBeTold);
+    if (seen.empty())
+        return takeDownStage();
+    if (!stage_)
+        putUpStage();
+    useKeyboard(seen);
+    stage_->show(seen, UIScreen::mainScreen().bounds().size());
+}
+
+void SessionScreen::putUpStage() {
+    // Before anything of the product's can be on it.
+    glass_.setScene(capture(), UIScreen::mainScreen().bounds().size());
+    captured_.reset();
+    stage_ = std::make_unique<Stage>(connection_.globals(), pixels_, glass_, *output_,
+                                     Stage::Callbacks{[this] { present(); }, [this] { closeStage(); }});
+}
+
+void SessionScreen::takeDownStage() {
+    if (!stage_)
+        return;
+    cancelFingersOn(stage_->surface());
+    stage_.reset();
+    glass_.clear();
+    captured_.reset();
+    if (keyboardUse_ != KeyboardUse::None) {
+        keyboardUse_ = KeyboardUse::None;
+        callbacks_.keyboardTaken(false);
+    }
+}
+
+void SessionScreen::takeDownStrips() {
+    for (const auto& [id, strip] : strips_)
+        cancelFingersOn(strip.surface->surface());
+    strips_.clear();
+}
+
+/// The stage takes the keyboard while a panel stands open, and not before: until then a pan may come to
+/// nothing.
+void SessionScreen::useKeyboard(const Windows& windows) {
+    const bool open = fingers_.empty() && std::ranges::any_of(windows, [](const SeparateWindow& shown) {
+                          return shown.window->takesTouchAt(shown.window->bounds().center());
+                      });
+    const bool held = keyboardUse_ == KeyboardUse::Exclusive && !fingers_.empty();
+    const KeyboardUse use = open || held ? KeyboardUse::Exclusive : KeyboardUse::None;
+    if (use != keyboardUse_)
+        callbacks_.keyboardTaken(use == KeyboardUse::Exclusive);
+    keyboardUse_ = use;
+    stage_->setKeyboardUse(use);
+}
+
+// ---- Fingers and keys
+
+std::optional<Point> SessionScreen::originOf(wl_surface* surface) const {
+    if (stage_ && stage_->surface() == surface)
+        return Point{0, 0};
+    for (const auto& [id, strip] : strips_)
+        if (strip.surface->surface() == surface)
+            return strip.frame.rect().origin();
+    return std::nullopt;
+}
+
+double SessionScreen::timeOf(std::uint32_t milliseconds, bool isFirst) {
+    return clock_.timeOf(milliseconds, now(), isFirst);
+}
+
+void SessionScreen::fingerDown(std::int64_t finger, wl_surface* surface, Point point, std::uint32_t time) {
+    const auto origin = originOf(surface);
+    if (!origin)
+        return;
+    const double seconds = timeOf(time, fingers_.empty());
+    fingers_[finger] = {surface, *origin};
+    TouchDispatcher::shared().touchDown(finger, {point.x + origin->x, point.y + origin->y}, seconds);
+}
+
+void SessionScreen::fingerMoved(std::int64_t finger, Point point, std::uint32_t time) {
+    const auto found = fingers_.find(finger);
+    if (found == fingers_.end())
+        return;
+    const Point origin = found->second.origin;
+    TouchDispatcher::shared().touchMove(finger, {point.x + origin.x, point.y + origin.y},
+                                        timeOf(time, false));
+}
+
+void SessionScreen::fingerUp(std::int64_t finger, std::uint32_t time) {
+    if (fingers_.erase(finger) == 0)
+        return;
+    due_ = true; // the keyboard waits for the last finger
+    TouchDispatcher::shared().touchUp(finger, timeOf(time, false));
+}
+
+void SessionScreen::fingersCancelled() {
+    for (const auto& [finger, touched] : std::exchange(fingers_, {}))
+        TouchDispatcher::shared().touchCancel(finger, now());
+}
+
+void SessionScreen::cancelFingersOn(wl_surface* surface) {
+    for (auto finger = fingers_.begin(); finger != fingers_.end();) {
+        if (finger->second.surface != surface) {
+            ++finger;
+            continue;
+        }
+        const std::int64_t identifier = finger->first;
+        finger = fingers_.erase(finger);
+        TouchDispatcher::shared().touchCancel(identifier, now());
+    }
+}
+
+void SessionScreen::keyPressed(Key key, const std::string& text) {
+    if (key == Key::Escape)
+        return callbacks_.escapePressed();
+    toolkit::TextInput* input = toolkit::TextInput::current();
+    if (!input)
+        return;
+    if (key == Key::Backspace)
+        input->deleteBackward();
+    else
+        input->insertText(text);
+}
+
+} // namespace session

@@ -1,0 +1,92 @@
+// The product's windows on one output of the compositor, and the fingers that touch them.
+//
+// At rest there is no surface but a thin clear strip for each window that takes touches and cannot be seen.
+// As soon as a window can be seen, the stage is put up, over a picture of the screen taken beforehand for its
+// glass; when none can be seen any more it goes, and with it all memory that it needed. Nothing is drawn but
+// what changed, no faster than the compositor shows it. Main thread only.
+#pragma once
+
+#include "hosts/session/surfaces/Stage.h"
+#include "hosts/session/wayland/Connection.h"
+#include "hosts/session/wayland/EventClock.h"
+#include "hosts/session/wayland/Seat.h"
+#include "platform/foundation/Handle.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace session {
+
+class SessionScreen final : public InputReceiver {
+public:
+    struct Callbacks {
+        /// The stage takes the keyboard, or gives it back. Called before the compositor hears of it.
+        std::function<void(bool)> keyboardTaken;
+        std::function<void()> escapePressed;
+    };
+    /// The connection outlives this object.
+    SessionScreen(Connection& connection, Callbacks callbacks);
+    ~SessionScreen() override;
+
+    /// Moves everything to an output, or nowhere.
+    void setOutput(const Output* output);
+    const Output* output() const { return output_; }
+    /// While withheld nothing of the product is shown or touched.
+    void setWithheld(bool withheld);
+    bool isStageUp() const { return stage_ != nullptr; }
+    /// What the output shows now; null when it cannot be told.
+    std::shared_ptr<const toolkit::Image> capture();
+
+    void fingerDown(std::int64_t finger, wl_surface* surface, toolkit::Point point,
+                    std::uint32_t time) override;
+    void fingerMoved(std::int64_t finger, toolkit::Point point, std::uint32_t time) override;
+    void fingerUp(std::int64_t finger, std::uint32_t time) override;
+    void fingersCancelled() override;
+    void keyPressed(Key key, const std::string& text) override;
+
+private:
+    struct Strip {
+        std::unique_ptr<LayerSurface> surface;
+        PointRect frame;
+    };
+    using Windows = std::vector<toolkit::SeparateWindow>;
+
+    void present();
+    void showStrips(const Windows& windows);
+    void showStage(const Windows& windows);
+    void closeStrip(std::uint64_t id);
+    void closeStage();
+    void putUpStage();
+    void takeDownStage();
+    void takeDownStrips();
+    void useKeyboard(const Windows& windows);
+    void reportMissingProtocols() const;
+    std::optional<toolkit::Point> originOf(wl_surface* surface) const;
+    void cancelFingersOn(wl_surface* surface);
+    double timeOf(std::uint32_t milliseconds, bool isFirst);
+
+    Connection& connection_;
+    Callbacks callbacks_;
+    SolidPixels pixels_;
+    Glass glass_;
+    std::unique_ptr<Seat> seat_;
+    const Output* output_ = nullptr;
+    std::map<std::uint64_t, Strip> strips_; // by the window's layer
+    std::unique_ptr<Stage> stage_;
+    KeyboardUse keyboardUse_ = KeyboardUse::None;
+    bool withheld_ = false;
+    bool due_ = true; // something must be shown anew that the windows do not know of
+    std::shared_ptr<const toolkit::Image> captured_; // for a moment
+    double captureTime_ = 0;
+    EventClock clock_;
+    struct Finger {
+        wl_surface* surface;
+        toolkit::Point origin;
+    };
+    std::map<std::int64_t, Finger> fingers_;
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true); // for blocks that come later
+    foundation::Handle commitHook_;
+};
+
+} // namespace session

@@ -1,0 +1,108 @@
+#include "hosts/session/surfaces/SurfacePiece.h"
+
+#include "hosts/session/wayland/Protocols.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+namespace session {
+
+SurfacePiece::SurfacePiece(Globals& globals, SolidPixels& pixels, wl_surface& stage)
+    : globals_(globals),
+      pixels_(pixels),
+      surface_(wl_compositor_create_surface(globals.compositor.get())),
+      subsurface_(wl_subcompositor_get_subsurface(globals.subcompositor.get(), surface_.get(), &stage)) {
+    if (globals.viewporter)
+        viewport_.reset(wp_viewporter_get_viewport(globals.viewporter.get(), surface_.get()));
+    // Fingers go to the stage, whose coordinates stand still.
+    const Proxy<wl_region> nothing(wl_compositor_create_region(globals.compositor.get()));
+    wl_surface_set_input_region(surface_.get(), nothing.get());
+}
+
+SurfacePiece::~SurfacePiece() = default;
+
+void SurfacePiece::placeAbove(wl_surface& other) {
+    wl_subsurface_place_above(subsurface_.get(), &other);
+}
+
+void SurfacePiece::showPixel(std::uint32_t pixel, const PointRect& where) {
+    if (where.isEmpty())
+        return hide();
+    wl_buffer* buffer = viewport_ ? pixels_.buffer(pixel) : filledBuffer(pixel, where);
+    if (buffer != attached_)
+        attach(buffer);
+    place(where, std::nullopt);
+    commit();
+}
+
+wl_buffer* SurfacePiece::filledBuffer(std::uint32_t pixel, const PointRect& place) {
+    try {
+        filled_ = std::make_unique<ShmBuffer>(*globals_.shm, place.width, place.height);
+    } catch (const std::bad_alloc&) {
+        filled_.reset();
+        return nullptr;
+    }
+    const auto view = filled_->view();
+    for (int y = 0; y < view.height; ++y)
+        std::fill_n(reinterpret_cast<std::uint32_t*>(view.at(0, y)), view.width, pixel);
+    return filled_->object();
+}
+
+void SurfacePiece::showPicture(ShmBuffer& buffer, const toolkit::Rect& source, const PointRect& where,
+                               bool changed) {
+    if (where.isEmpty())
+        return hide();
+    if (changed || buffer.object() != attached_) {
+        attach(buffer.object());
+        buffer.setBusy();
+    }
+    place(where, source);
+    commit();
+}
+
+void SurfacePiece::hide() {
+    if (!attached_)
+        return;
+    attach(nullptr);
+    commit();
+}
+
+void SurfacePiece::place(const PointRect& place, const std::optional<toolkit::Rect>& source) {
+    if (!place_ || place_->x != place.x || place_->y != place.y)
+        wl_subsurface_set_position(subsurface_.get(), place.x, place.y);
+    if (viewport_ && (!place_ || place_->width != place.width || place_->height != place.height)) {
+        wp_viewport_set_destination(viewport_.get(), place.width, place.height);
+        changed_ = true;
+    }
+    if (viewport_ && source != source_) {
+        const auto fixed = [](double value) { return wl_fixed_from_double(value); };
+        const auto s = source.value_or(toolkit::Rect(-1, -1, -1, -1)); // which takes the source away
+        wp_viewport_set_source(viewport_.get(), fixed(s.x), fixed(s.y), fixed(s.width), fixed(s.height));
+        changed_ = true;
+    } else if (!viewport_ && source && source != source_) {
+        wl_surface_set_buffer_scale(surface_.get(),
+                                    std::max(1, static_cast<int>(source->width) / place.width));
+        changed_ = true;
+    }
+    source_ = source;
+    place_ = place;
+}
+
+void SurfacePiece::attach(wl_buffer* buffer) {
+    wl_surface_attach(surface_.get(), buffer, 0, 0);
+    attached_ = buffer;
+    changed_ = true;
+}
+
+/// A piece that only moves needs no commit of its own.
+void SurfacePiece::commit() {
+    if (!changed_)
+        return;
+    constexpr int everything = std::numeric_limits<int>::max();
+    wl_surface_damage_buffer(surface_.get(), 0, 0, everything, everything);
+    wl_surface_commit(surface_.get());
+    changed_ = false;
+}
+
+} // namespace session

@@ -1,0 +1,54 @@
+// What the compositor offers, bound as it is announced.
+//
+// compositor, subcompositor, shm and layerShell are always there once Connection is made; each of the others
+// may be null, which is said once in the log by whoever goes on without it.
+#pragma once
+
+#include "hosts/session/wayland/Output.h"
+#include "hosts/session/wayland/Proxy.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace session {
+
+class Globals {
+public:
+    explicit Globals(wl_display* display);
+    ~Globals();
+    Globals(const Globals&) = delete;
+    Globals& operator=(const Globals&) = delete;
+
+    Proxy<wl_compositor> compositor;
+    Proxy<wl_subcompositor> subcompositor;
+    Proxy<wl_shm> shm;
+    Proxy<zwlr_layer_shell_v1> layerShell;
+    Proxy<wp_viewporter> viewporter;
+    Proxy<wp_single_pixel_buffer_manager_v1> singlePixelBuffers;
+    Proxy<zwlr_screencopy_manager_v1> screencopy;
+    Proxy<zwlr_foreign_toplevel_manager_v1> toplevels;
+    Proxy<zwlr_output_power_manager_v1> outputPower;
+    Proxy<zxdg_output_manager_v1> xdgOutputs;
+    Proxy<wl_seat> seat; // the first one
+
+    /// In the order in which they came.
+    const std::vector<std::unique_ptr<Output>>& outputs() const { return outputs_; }
+    /// Called after an output has come, changed or gone.
+    void setOutputsChanged(std::function<void()> changed) { outputsChanged_ = std::move(changed); }
+
+    /// Called for each global, by the compositor's listener.
+    void announced(std::uint32_t name, const std::string& interface, std::uint32_t version);
+    void removed(std::uint32_t name);
+
+private:
+    void bindOutput(std::uint32_t name, std::uint32_t version);
+    void describe(Output& output);
+
+    Proxy<wl_registry> registry_;
+    std::vector<std::unique_ptr<Output>> outputs_;
+    std::function<void()> outputsChanged_;
+    std::uint32_t seatName_ = 0;
+};
+
+} // namespace session

@@ -1,0 +1,31 @@
+// Whoever wants to hear of fingers, the pointer's button and keys on this client's surfaces.
+//
+// Points are in the surface's own coordinates; times are the compositor's milliseconds.
+#pragma once
+
+#include "platform/toolkit/geometry/Geometry.h"
+
+#include <cstdint>
+#include <string>
+
+struct wl_surface;
+
+namespace session {
+
+enum class Key { Text, Escape, Backspace };
+
+class InputReceiver {
+public:
+    virtual ~InputReceiver() = default;
+
+    virtual void fingerDown(std::int64_t finger, wl_surface* surface, toolkit::Point point,
+                            std::uint32_t time) = 0;
+    virtual void fingerMoved(std::int64_t finger, toolkit::Point point, std::uint32_t time) = 0;
+    virtual void fingerUp(std::int64_t finger, std::uint32_t time) = 0;
+    /// The compositor takes all fingers for itself.
+    virtual void fingersCancelled() = 0;
+    /// `text` is what the key types, of a text key.
+    virtual void keyPressed(Key key, const std::string& text) = 0;
+};
+
+} // namespace session
