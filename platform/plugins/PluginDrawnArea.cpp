@@ -20,7 +20,7 @@ void DrawnAreaView::drawContent(toolkit::Canvas& canvas, toolkit::Rect bounds) {
     draw.call(caller_, "a drawing handler", pluginCanvas, {0, 0, bounds.width, bounds.height});
 }
 
-void DrawnAreaView::tell(const toolkit::Touch& event) {
+void DrawnAreaView::pass(const toolkit::Touch& event) {
     touch.call(caller_, "a touch handler", toPlugin(event, *this));
 }
 

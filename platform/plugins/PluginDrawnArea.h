@@ -3,27 +3,24 @@
 
 #include "platform/plugins/Handler.h"
 #include "platform/plugins/PluginChild.h"
+#include "platform/plugins/TouchedView.h"
 
 namespace plugins {
 
 /// The toolkit's view of such an area.
-class DrawnAreaView final : public toolkit::UIView {
+class DrawnAreaView final : public TouchedView {
     RUNTIME_CLASS()
 public:
     explicit DrawnAreaView(CallerPointer caller);
 
     bool drawsContent() const override { return draw && !caller_->ended; }
     void drawContent(toolkit::Canvas& canvas, toolkit::Rect bounds) override;
-    void touchesBegan(const toolkit::Touch& touch) override { tell(touch); }
-    void touchesMoved(const toolkit::Touch& touch) override { tell(touch); }
-    void touchesEnded(const toolkit::Touch& touch) override { tell(touch); }
-    void touchesCancelled(const toolkit::Touch& touch) override { tell(touch); }
 
     Handler<sdk::Canvas&, sdk::Rect> draw;
     Handler<const sdk::Touch&> touch;
 
 private:
-    void tell(const toolkit::Touch& event);
+    void pass(const toolkit::Touch& event) override;
     CallerPointer caller_;
 };
 

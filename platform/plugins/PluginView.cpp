@@ -103,25 +103,22 @@ void PluginView::layoutSubviews() {
         PluginCall::run(caller_, "layout", [this] { view_->layout(host_->bounds()); });
 }
 
-void PluginView::touchesBegan(const toolkit::Touch& touch) {
-    pass(touch, "touchBegan", &sdk::View::touchBegan);
-}
-
-void PluginView::touchesMoved(const toolkit::Touch& touch) {
-    pass(touch, "touchMoved", &sdk::View::touchMoved);
-}
-
-void PluginView::touchesEnded(const toolkit::Touch& touch) {
-    pass(touch, "touchEnded", &sdk::View::touchEnded);
-}
-
-void PluginView::touchesCancelled(const toolkit::Touch& touch) {
-    pass(touch, "touchCancelled", &sdk::View::touchCancelled);
-}
-
-void PluginView::pass(const toolkit::Touch& touch, const char* name, TouchMethod method) {
-    if (view_)
+void PluginView::pass(const toolkit::Touch& touch) {
+    const auto call = [&](const char* name, void (sdk::View::*method)(const sdk::Touch&)) {
         PluginCall::run(caller_, name, [&] { (*view_.*method)(toPlugin(touch, *this)); });
+    };
+    if (!view_)
+        return;
+    switch (touch.phase) {
+    case toolkit::TouchPhase::Began:
+        return call("touchBegan", &sdk::View::touchBegan);
+    case toolkit::TouchPhase::Moved:
+        return call("touchMoved", &sdk::View::touchMoved);
+    case toolkit::TouchPhase::Ended:
+        return call("touchEnded", &sdk::View::touchEnded);
+    case toolkit::TouchPhase::Cancelled:
+        return call("touchCancelled", &sdk::View::touchCancelled);
+    }
 }
 
 void PluginView::describeProperties(nlohmann::json& properties) const {

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "platform/plugins/PluginCall.h"
-#include "platform/toolkit/views/UIView.h"
+#include "platform/plugins/TouchedView.h"
 #include "sdk/VelaPlugin.h"
 
 namespace toolkit {
@@ -18,7 +18,7 @@ namespace plugins {
 class PluginHost;
 struct BundleInformation;
 
-class PluginView final : public toolkit::UIView {
+class PluginView final : public TouchedView {
 public:
     /// A view with a zero frame; null when the plug-in cannot make its own. `principalClass` stays for good.
     static std::shared_ptr<PluginView> make(const BundleInformation& bundle,
@@ -33,19 +33,13 @@ public:
     bool drawsContent() const override;
     void drawContent(toolkit::Canvas& canvas, toolkit::Rect bounds) override;
     void layoutSubviews() override;
-    void touchesBegan(const toolkit::Touch& touch) override;
-    void touchesMoved(const toolkit::Touch& touch) override;
-    void touchesEnded(const toolkit::Touch& touch) override;
-    void touchesCancelled(const toolkit::Touch& touch) override;
     void describeProperties(nlohmann::json& properties) const override;
 
 private:
-    using TouchMethod = void (vela::plugin::View::*)(const vela::plugin::Touch&);
-
     PluginView(const BundleInformation& bundle, const vela::plugin::PrincipalClass& principalClass);
     static runtime::Class& classFor(const vela::plugin::PrincipalClass& principalClass);
     void perform(const vela::plugin::PrincipalClass::Method& method);
-    void pass(const toolkit::Touch& touch, const char* name, TouchMethod method);
+    void pass(const toolkit::Touch& touch) override;
     void showEnd();
 
     const vela::plugin::PrincipalClass& principalClass_;

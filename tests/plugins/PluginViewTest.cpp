@@ -1,4 +1,6 @@
 #include "platform/plugins/PluginTimer.h"
+#include "platform/toolkit/gestures/UIPanGestureRecognizer.h"
+#include "platform/toolkit/gestures/UITapGestureRecognizer.h"
 #include "platform/toolkit/rendering/RecordingCanvas.h"
 #include "platform/toolkit/views/TextInput.h"
 #include "tests/plugins/PluginTest.h"
@@ -122,9 +124,43 @@ TEST_F(PluginViewTest, ChildViewsTakeTheirTouches) {
     takeLog();
     support::Finger finger(loop);
     finger.tap({20, 70});
-    EXPECT_THAT(takeLog(), ElementsAre(line("area 20,10"), line("area 20,10")));
+    EXPECT_THAT(takeLog(), ElementsAre(line("area began 20,10"), line("area ended 20,10")));
     finger.tap({20, 10}); // a label takes none
     EXPECT_THAT(takeLog(), ElementsAre(line("began 20,10"), line("ended 20,10")));
+}
+
+TEST_F(PluginViewTest, ATapOnItIsNotTakenByTheTileAround) {
+    install("Obliging");
+    const auto view = show("Obliging");
+    const auto tile = std::make_shared<toolkit::UITapGestureRecognizer>(nullptr, "appClicked");
+    int taps = 0;
+    tile->addHandler([&](toolkit::UIGestureRecognizer&) { ++taps; });
+    view->superview()->addGestureRecognizer(tile);
+    takeLog();
+    support::Finger finger(loop);
+    finger.tap({20, 70});
+    EXPECT_THAT(takeLog(), ElementsAre(line("area began 20,10"), line("area ended 20,10")));
+    finger.tap({200, 300});
+    EXPECT_THAT(takeLog(), ElementsAre(line("began 200,300"), line("ended 200,300")));
+    finger.tap({20, 40});
+    EXPECT_THAT(takeLog(), ElementsAre(line("tapped")));
+    EXPECT_EQ(taps, 0);
+}
+
+TEST_F(PluginViewTest, ADragThatAViewAroundTakesOverIsCancelled) {
+    install("Obliging");
+    const auto view = show("Obliging");
+    view->superview()->addGestureRecognizer(
+        std::make_shared<toolkit::UIPanGestureRecognizer>(nullptr, "panned:"));
+    takeLog();
+    support::Finger finger(loop);
+    finger.down({20, 70});
+    finger.moveTo({25, 70});
+    finger.moveTo({60, 70});
+    finger.moveTo({70, 70});
+    finger.up();
+    EXPECT_THAT(takeLog(), ElementsAre(line("area began 20,10"), line("area moved 25,10"),
+                                       line("area cancelled 60,10")));
 }
 
 TEST_F(PluginViewTest, AButtonMayBeLetGoOfByItsOwnHandler) {
