@@ -42,7 +42,7 @@ Phone::Phone(PhoneConfiguration configuration) {
     WindowServer::shared().attachToMainRunLoop();
     WindowServer::shared().setSecureOnly(false);
     state_ = std::make_unique<State>(std::move(configuration), [this] {
-        openApplication(state_->music.player().isRadioStation() ? RadioApplication::identifier
+        openApplication(state_->music.player().isRadioStation() ? applications::radio.bundleIdentifier
                                                                 : MusicPlayer::applicationIdentifier);
     });
     setCurrent(this);

@@ -43,10 +43,11 @@ void PhoneScreens::makeHome(const ApplicationStage& stage, WallClock& clock, boo
     const Size size = iconSize(tablet);
     homeScreen = std::make_shared<HomeScreen>(wallpaper, size, clock);
     for (const auto& application : stage.applications()) {
-        auto icon = std::make_shared<HomeIcon>(
-            application->bundleIdentifier(), application->displayName(),
-            drawIcon(application->description().icon, size.width, UIScreen::mainScreen().scale()),
-            [open](HomeIcon& tapped) { open(tapped.bundleIdentifier()); });
+        auto icon =
+            std::make_shared<HomeIcon>(application->bundleIdentifier(), application->displayName(),
+                                       applications::drawIcon(application->description().entry.icon,
+                                                              size.width, UIScreen::mainScreen().scale()),
+                                       [open](HomeIcon& tapped) { open(tapped.bundleIdentifier()); });
         if (liesInDock(*application))
             homeScreen->addDockIcon(std::move(icon));
         else

@@ -44,10 +44,11 @@ void SwitcherWindow::open(const ApplicationStage& stage) {
     open_ = true;
     std::vector<std::shared_ptr<SwitcherCard>> cards;
     for (const auto& application : stage.recent())
-        cards.push_back(std::make_shared<SwitcherCard>(
-            application->bundleIdentifier(), application->displayName(),
-            drawIcon(application->description().icon, iconSide, UIScreen::mainScreen().scale()),
-            pictureOf(*application->window())));
+        cards.push_back(
+            std::make_shared<SwitcherCard>(application->bundleIdentifier(), application->displayName(),
+                                           applications::drawIcon(application->description().entry.icon,
+                                                                  iconSide, UIScreen::mainScreen().scale()),
+                                           pictureOf(*application->window())));
     switcher_->setCards(std::move(cards));
     fitScreen();
     setHidden(false);

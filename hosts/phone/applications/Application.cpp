@@ -5,7 +5,8 @@
 namespace phone {
 
 Application::Application(ApplicationDescription description)
-    : SBApplication(description.bundleIdentifier, description.name), description_(std::move(description)) {}
+    : SBApplication(description.entry.bundleIdentifier, description.entry.name),
+      description_(std::move(description)) {}
 
 SystemWindow& Application::ensureWindow() {
     if (!window_) {

@@ -2,7 +2,7 @@
 // wants to be shown.
 #pragma once
 
-#include "hosts/phone/artwork/IconArtwork.h"
+#include "hosts/applications/ApplicationCatalogue.h"
 #include "hosts/phone/screens/StatusBar.h"
 #include "hosts/phone/screens/SystemWindow.h"
 #include "platform/homescreen/SBApplication.h"
@@ -11,9 +11,7 @@ namespace phone {
 
 /// What an application is before it runs.
 struct ApplicationDescription {
-    std::string bundleIdentifier;
-    std::string name;
-    IconKind icon;
+    applications::CatalogueEntry entry;
     unsigned orientations; // a mask of interface orientations
     StatusBarStyle statusBarStyle;
 };

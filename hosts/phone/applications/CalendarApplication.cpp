@@ -6,8 +6,8 @@
 namespace phone {
 
 CalendarApplication::CalendarApplication(WallClock& clock)
-    : Application({"com.apple.mobilecal", "Calendar", IconKind::Calendar,
-                   toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}),
+    : Application(
+          {applications::calendar, toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}),
       clock_(clock) {}
 
 void CalendarApplication::becameActive() {

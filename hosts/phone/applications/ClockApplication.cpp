@@ -7,8 +7,7 @@
 namespace phone {
 
 ClockApplication::ClockApplication(WallClock& clock)
-    : Application({"com.apple.mobiletimer", "Clock", IconKind::Clock, toolkit::orientationMaskPortrait,
-                   StatusBarStyle::LightContent}),
+    : Application({applications::clock, toolkit::orientationMaskPortrait, StatusBarStyle::LightContent}),
       clock_(clock) {}
 
 void ClockApplication::becameActive() {

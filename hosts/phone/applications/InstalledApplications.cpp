@@ -18,7 +18,8 @@ std::vector<std::shared_ptr<Application>> makeInstalledApplications(WallClock& c
 }
 
 bool liesInDock(const Application& application) {
-    const IconKind icon = application.description().icon;
+    using applications::IconKind;
+    const IconKind icon = application.description().entry.icon;
     return icon != IconKind::Clock && icon != IconKind::Calendar && icon != IconKind::Radio;
 }
 

@@ -6,8 +6,8 @@
 namespace phone {
 
 MusicApplication::MusicApplication(PhoneMediaPort& music)
-    : Application({MusicPlayer::applicationIdentifier, "Music", IconKind::Music,
-                   toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}),
+    : Application(
+          {applications::music, toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}),
       music_(music) {}
 
 void MusicApplication::becameActive() {

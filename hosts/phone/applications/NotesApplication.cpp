@@ -6,8 +6,8 @@
 namespace phone {
 
 NotesApplication::NotesApplication(WallClock& clock)
-    : Application({"com.apple.mobilenotes", "Notes", IconKind::Notes,
-                   toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}),
+    : Application(
+          {applications::notes, toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}),
       clock_(clock) {}
 
 void NotesApplication::keyboardFrameChanged(toolkit::Rect frame) {

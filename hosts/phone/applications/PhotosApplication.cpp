@@ -6,8 +6,8 @@
 namespace phone {
 
 PhotosApplication::PhotosApplication()
-    : Application({"com.apple.mobileslideshow", "Photos", IconKind::Photos,
-                   toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}) {}
+    : Application(
+          {applications::photos, toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}) {}
 
 std::shared_ptr<toolkit::UIView> PhotosApplication::makeView() {
     return std::make_shared<PhotosView>();

@@ -6,8 +6,8 @@
 namespace phone {
 
 RadioApplication::RadioApplication(PhoneMediaPort& music)
-    : Application({identifier, "Radio", IconKind::Radio, toolkit::orientationMaskAllButUpsideDown,
-                   StatusBarStyle::DarkContent}),
+    : Application(
+          {applications::radio, toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}),
       music_(music) {}
 
 void RadioApplication::becameActive() {

@@ -10,8 +10,6 @@ class RadioView;
 
 class RadioApplication : public Application {
 public:
-    static constexpr const char* identifier = "com.apple.Radio";
-
     explicit RadioApplication(PhoneMediaPort& music);
 
     void becameActive() override;

@@ -6,8 +6,8 @@
 namespace phone {
 
 SettingsApplication::SettingsApplication()
-    : Application({"com.apple.Preferences", "Settings", IconKind::Settings,
-                   toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}) {}
+    : Application(
+          {applications::settings, toolkit::orientationMaskAllButUpsideDown, StatusBarStyle::DarkContent}) {}
 
 void SettingsApplication::becameActive() {
     view_->refresh();

@@ -4,6 +4,7 @@
 // stands paused at its first song. Main thread only.
 #pragma once
 
+#include "hosts/applications/ApplicationCatalogue.h"
 #include "hosts/media/NowPlayingSource.h"
 #include "hosts/media/Observers.h"
 #include "hosts/media/PlaybackEngine.h"
@@ -17,7 +18,7 @@ namespace phone {
 
 class MusicPlayer final : public playback::NowPlayingSource {
 public:
-    static constexpr const char* applicationIdentifier = "com.apple.Music";
+    static constexpr const char* applicationIdentifier = applications::music.bundleIdentifier;
 
     explicit MusicPlayer(std::shared_ptr<playback::PlaybackEngine> engine);
     ~MusicPlayer() override;

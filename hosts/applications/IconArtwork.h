@@ -5,9 +5,10 @@
 
 #include <memory>
 
-namespace phone {
+namespace applications {
 
-enum class IconKind { Music, Radio, Photos, Notes, Settings, Clock, Calendar };
+/// Generic is the icon of what has none of its own.
+enum class IconKind { Music, Radio, Photos, Notes, Settings, Clock, Calendar, Generic };
 
 /// A square icon of `side` points with continuously rounded corners.
 std::shared_ptr<const toolkit::Image> drawIcon(IconKind kind, double side, double scale);
@@ -15,4 +16,4 @@ std::shared_ptr<const toolkit::Image> drawIcon(IconKind kind, double side, doubl
 /// An outline whose corners are rounded without a visible beginning.
 toolkit::Path continuousCorners(toolkit::Rect rect);
 
-} // namespace phone
+} // namespace applications

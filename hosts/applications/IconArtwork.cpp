@@ -1,4 +1,4 @@
-#include "hosts/phone/artwork/IconArtwork.h"
+#include "hosts/applications/IconArtwork.h"
 
 #include <array>
 #include <cmath>
@@ -6,7 +6,7 @@
 
 using namespace toolkit;
 
-namespace phone {
+namespace applications {
 
 namespace {
 
@@ -145,6 +145,18 @@ void drawCalendar(Canvas& canvas) {
         line(canvas, {x, 6}, {x, 11}, 3, Color::white(1, 0.85));
 }
 
+/// A sheet of paper with nothing on it but its grid.
+void drawGeneric(Canvas& canvas) {
+    background(canvas, 0xFDFDFD, 0xE6E8EC);
+    for (double offset : {15.0, 30.0, 45.0}) {
+        line(canvas, {offset, 6}, {offset, 54}, 0.8, hex(0x9AA3B2, 0.55));
+        line(canvas, {6, offset}, {54, offset}, 0.8, hex(0x9AA3B2, 0.55));
+    }
+    for (double radius : {9.0, 17.0})
+        canvas.strokePath(Path::ellipse({30 - radius, 30 - radius, 2 * radius, 2 * radius}), 0.9,
+                          LineCap::Round, hex(0x9AA3B2, 0.7));
+}
+
 void drawPicture(IconKind kind, Canvas& canvas) {
     switch (kind) {
     case IconKind::Music:
@@ -161,6 +173,8 @@ void drawPicture(IconKind kind, Canvas& canvas) {
         return drawClock(canvas);
     case IconKind::Calendar:
         return drawCalendar(canvas);
+    case IconKind::Generic:
+        return drawGeneric(canvas);
     }
 }
 
@@ -206,4 +220,4 @@ std::shared_ptr<const Image> drawIcon(IconKind kind, double side, double scale) 
     return masked(*picture, *mask);
 }
 
-} // namespace phone
+} // namespace applications

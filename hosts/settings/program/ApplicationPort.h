@@ -1,0 +1,20 @@
+// The part of the pages' port that needs no window: which applications there are. Presents and opens nothing.
+#pragma once
+
+#include "platform/preferences/PreferencesPort.h"
+
+namespace settings {
+
+class ApplicationPort : public preferences::PreferencesPort {
+public:
+    void present(const std::shared_ptr<toolkit::UIViewController>&, bool, std::function<void()>) override {}
+    void dismiss(toolkit::UIViewController&, bool, std::function<void()> completion) override;
+    bool canOpenUrl(const std::string&) override { return false; }
+    void openUrl(const std::string&) override {}
+
+    std::map<std::string, std::string> applications() override;
+    std::shared_ptr<const toolkit::Image> applicationIcon(const std::string& bundleIdentifier,
+                                                          double points) override;
+};
+
+} // namespace settings

@@ -1,0 +1,78 @@
+#include "hosts/settings/window/SettingsWindowRunner.h"
+
+#include "hosts/device/ExtensionLoader.h"
+#include "hosts/device/InstalledFiles.h"
+#include "hosts/device/ProgramError.h"
+#include "hosts/settings/program/Pages.h"
+#include "hosts/settings/window/FileWatch.h"
+#include "hosts/settings/window/Style.h"
+#include "hosts/settings/window/WindowPort.h"
+#include "platform/foundation/GlibRunLoop.h"
+#include "platform/foundation/ProcessInfo.h"
+#include "platform/toolkit/text/Font.h"
+#include "platform/toolkit/windows/WindowServer.h"
+
+#include <glib-unix.h>
+
+#include <csignal>
+
+namespace settings {
+
+namespace {
+
+constexpr const char* preferencesFile = "/var/mobile/Library/Preferences/org.lanternhub.vela3.plist";
+
+gboolean stopLoop(gpointer loop) {
+    static_cast<foundation::GlibRunLoop*>(loop)->stop();
+    return G_SOURCE_CONTINUE;
+}
+
+gboolean presentWindow(gpointer window) {
+    static_cast<SettingsWindow*>(window)->present();
+    return G_SOURCE_CONTINUE;
+}
+
+void startToolkit() {
+    if (!gtk_init_check())
+        throw device::ProgramError(
+            "there is no display to open a window on: --list, --get and --set need none");
+    adw_init();
+    addStyle();
+    toolkit::setFontDirectory((device::resourceDirectory() / "fonts").c_str(), false);
+    foundation::ProcessInfo::shared().mainBundleIdentifier = "com.apple.Preferences";
+}
+
+std::shared_ptr<preferences::PSViewController> firstPage(const Options& options) {
+    device::loadExtension(options.extension.value_or(device::installedExtension()));
+    const auto pages = makeRootPages();
+    if (pages.empty())
+        throw device::ProgramError("the extension brings no settings pages");
+    return pages.front();
+}
+
+} // namespace
+
+void runInWindow(const Options& options) {
+    startToolkit();
+    // All of these live until the process ends: pages and widgets refer to them.
+    auto& loop = *new foundation::GlibRunLoop;
+    foundation::RunLoop::setMain(&loop);
+    toolkit::WindowServer::shared().attachToMainRunLoop();
+    auto& navigation = *new std::shared_ptr(std::make_shared<preferences::UINavigationController>());
+    auto& window = *new SettingsWindow(*navigation, [&loop] { loop.stop(); });
+    preferences::PreferencesPort::setCurrent(new WindowPort(window));
+    g_unix_signal_add(SIGINT, stopLoop, &loop);
+    g_unix_signal_add(SIGTERM, stopLoop, &loop);
+    // Whoever has started the program asks so for its window again.
+    g_unix_signal_add(SIGUSR1, presentWindow, &window);
+
+    navigation->pushViewController(firstPage(options), false);
+    const FileWatch watch(preferencesFile, [&window] { window.refresh(); });
+    window.present();
+    loop.endTurn();
+    loop.run();
+    // What is still held back is to be stored.
+    navigation->topViewController()->viewWillDisappear(false);
+}
+
+} // namespace settings
