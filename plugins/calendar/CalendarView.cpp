@@ -14,6 +14,7 @@ using namespace vela::plugin;
 namespace {
 constexpr double longestWait = 60; // seconds between looks at the date: the phone's zone may change
 constexpr double afterMidnight = 0.05;
+constexpr double wideTitle = 120; // points, from which a month's name is written out
 constexpr double wideButton = 90; // points, from which there is room for more than a word
 
 Month monthOf(Date date) {
@@ -73,7 +74,9 @@ void CalendarView::layout(Rect bounds) {
     dayCard_.layout(layout);
     todayButton_->setFrame(layout.today);
     weekStartButton_->setFrame(layout.weekStart);
-    title_->setFont({.size = layout.title.width < 120 ? 13.0 : 18.0, .weight = Weight::Semibold});
+    const bool narrowTitle = layout.title.width < wideTitle;
+    title_->setFont({.size = narrowTitle ? 13.0 : 18.0, .weight = Weight::Semibold});
+    title_->setText(narrowTitle ? shortMonthTitle(month_) : monthTitle(month_));
     const bool room = layout.weekStart.width >= wideButton;
     for (Button* button : {todayButton_.get(), weekStartButton_.get()})
         button->setFont({.size = room ? 16.0 : 13.0, .weight = Weight::Semibold});
@@ -87,7 +90,6 @@ void CalendarView::layout(Rect bounds) {
 }
 
 void CalendarView::showAll() {
-    title_->setText(monthTitle(month_));
     previous_->setEnabled(monthAfter(month_, -1) != month_);
     next_->setEnabled(monthAfter(month_, 1) != month_);
     monthView_.show({month_, weekStart_, today_, selected_});

@@ -33,6 +33,11 @@ std::string monthTitle(Month month) {
     return std::string(nameOf(month.month())) + " " + std::to_string(static_cast<int>(month.year()));
 }
 
+std::string shortMonthTitle(Month month) {
+    return std::string(nameOf(month.month())).substr(0, 3) + " " +
+           std::to_string(static_cast<int>(month.year()));
+}
+
 std::string fullDate(Date date) {
     const unsigned weekday = std::chrono::weekday(std::chrono::sys_days(date)).c_encoding();
     return std::string(weekdayNames[weekday]) + ", " + std::to_string(static_cast<unsigned>(date.day())) +

@@ -11,6 +11,8 @@
 namespace calendarplugin {
 
 std::string monthTitle(Month month);
+/// "Sep 2026"
+std::string shortMonthTitle(Month month);
 std::string fullDate(Date date);
 std::string dayAndWeek(Date date);
 /// The letters above the columns.

@@ -11,6 +11,8 @@ using namespace vela::plugin;
 
 namespace {
 
+constexpr double narrow = 64; // points of width, below which the lettering is smaller
+
 Color letteringOf(Action action) {
     switch (action) {
     case Action::Go:
@@ -63,9 +65,11 @@ void ActionButton::draw(Canvas& canvas, Rect bounds, bool isPressed) const {
     const Rect shape = bounds.insetBy(2, 2);
     canvas.fillRounded(shape, std::min(shape.width, shape.height) / 2, fillOf(action_, isPressed));
     const Color lettering = letteringOf(action_);
-    canvas.drawText(title_, shape.insetBy(6, 0),
-                    {.font = {.size = 17, .weight = Weight::Medium}, .alignment = Alignment::Center},
-                    isEnabled_ ? lettering : lettering.withAlpha(0.35));
+    const bool isNarrow = shape.width < narrow;
+    canvas.drawText(
+        title_, shape.insetBy(isNarrow ? 2 : 6, 0),
+        {.font = {.size = isNarrow ? 14.0 : 17.0, .weight = Weight::Medium}, .alignment = Alignment::Center},
+        isEnabled_ ? lettering : lettering.withAlpha(0.35));
 }
 
 } // namespace clockplugin

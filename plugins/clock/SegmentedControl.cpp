@@ -1,6 +1,7 @@
 #include "SegmentedControl.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace clockplugin {
@@ -13,11 +14,20 @@ constexpr double drawnHeight = 36; // of an area that is higher, for the finger
 constexpr double inset = 2;
 constexpr double slop = 20;
 
+enum class Chosen { No, Yes };
+
+TextStyle titleStyle(Chosen chosen) {
+    return {.font = {.size = 15, .weight = chosen == Chosen::Yes ? Weight::Semibold : Weight::Medium},
+            .alignment = Alignment::Center};
+}
+
 } // namespace
 
-SegmentedControl::SegmentedControl(Container& container, std::vector<std::string> titles,
+SegmentedControl::SegmentedControl(Host& host, std::vector<std::string> titles,
                                    std::function<void(std::size_t)> onChoose)
-    : titles_(std::move(titles)), onChoose_(std::move(onChoose)), area_(container.addDrawnArea()) {
+    : titles_(std::move(titles)), onChoose_(std::move(onChoose)), area_(host.addDrawnArea()) {
+    for (const std::string& title : titles_)
+        titleWidths_.push_back(host.measure(title, titleStyle(Chosen::Yes)).width);
     area_->onDraw([this](Canvas& canvas, Rect bounds) { draw(canvas, bounds); });
     area_->onTouch([this](const Touch& touch) { touched(touch); });
 }
@@ -32,32 +42,43 @@ void SegmentedControl::setChosen(std::size_t index) {
     area_->setNeedsDisplay();
 }
 
+double SegmentedControl::edge(std::size_t index, double width) const {
+    const auto middle = titleWidths_.begin() + static_cast<std::ptrdiff_t>(index);
+    const double before = std::accumulate(titleWidths_.begin(), middle, 0.0);
+    const double spare = width - std::accumulate(middle, titleWidths_.end(), before);
+    return before + spare * static_cast<double>(index) / static_cast<double>(titles_.size());
+}
+
 void SegmentedControl::draw(Canvas& canvas, Rect bounds) const {
     const double height = std::min(drawnHeight, bounds.height);
     const Rect track{bounds.x, bounds.y + (bounds.height - height) / 2, bounds.width, height};
     canvas.fillRounded(track, height / 2, colors::fill);
-    const double width = track.width / static_cast<double>(titles_.size());
     for (std::size_t i = 0; i < titles_.size(); ++i) {
-        const Rect segment{track.x + width * static_cast<double>(i), track.y, width, height};
-        const Rect shape = segment.insetBy(inset, inset);
-        if (i == chosen_)
-            canvas.fillRounded(shape, shape.height / 2, Color::white(1, pressed_ == i ? 0.42 : 0.3));
-        else if (pressed_ == i)
-            canvas.fillRounded(shape, shape.height / 2, colors::fill);
-        canvas.drawText(titles_[i], segment,
-                        {.font = {.size = 15, .weight = i == chosen_ ? Weight::Semibold : Weight::Medium},
-                         .alignment = Alignment::Center},
-                        i == chosen_ ? colors::primary : Color::white(1, 0.8));
+        const double left = edge(i, track.width);
+        drawSegment(canvas, {track.x + left, track.y, edge(i + 1, track.width) - left, height}, i);
     }
+}
+
+void SegmentedControl::drawSegment(Canvas& canvas, Rect segment, std::size_t index) const {
+    const bool isChosen = index == chosen_;
+    const bool isPressed = index == pressed_;
+    const Rect shape = segment.insetBy(inset, inset);
+    if (isChosen)
+        canvas.fillRounded(shape, shape.height / 2, Color::white(1, isPressed ? 0.42 : 0.3));
+    else if (isPressed)
+        canvas.fillRounded(shape, shape.height / 2, colors::fill);
+    canvas.drawText(titles_[index], segment, titleStyle(isChosen ? Chosen::Yes : Chosen::No),
+                    isChosen ? colors::primary : Color::white(1, 0.8));
 }
 
 std::optional<std::size_t> SegmentedControl::segmentAt(Point point) const {
     const Rect frame = area_->frame();
     if (!Rect{0, 0, frame.width, frame.height}.insetBy(0, -slop).contains(point))
         return std::nullopt;
-    const auto segment =
-        static_cast<std::size_t>(point.x / frame.width * static_cast<double>(titles_.size()));
-    return std::min(segment, titles_.size() - 1);
+    for (std::size_t i = 0; i + 1 < titles_.size(); ++i)
+        if (point.x < edge(i + 1, frame.width))
+            return i;
+    return titles_.size() - 1;
 }
 
 void SegmentedControl::touched(const Touch& touch) {

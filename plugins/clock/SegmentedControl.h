@@ -1,4 +1,4 @@
-// A row of words of which one is chosen.
+// A row of words of which one is chosen; a longer one gets more room.
 #pragma once
 
 #include "VelaPlugin.h"
@@ -15,7 +15,7 @@ namespace clockplugin {
 
 class SegmentedControl {
 public:
-    SegmentedControl(vela::plugin::Container& container, std::vector<std::string> titles,
+    SegmentedControl(vela::plugin::Host& host, std::vector<std::string> titles,
                      std::function<void(std::size_t)> onChoose);
     SegmentedControl(const SegmentedControl&) = delete;
     SegmentedControl& operator=(const SegmentedControl&) = delete;
@@ -27,10 +27,14 @@ public:
 
 private:
     void draw(vela::plugin::Canvas& canvas, vela::plugin::Rect bounds) const;
+    void drawSegment(vela::plugin::Canvas& canvas, vela::plugin::Rect segment, std::size_t index) const;
+    /// The left edge of a segment, or beyond the last one the right edge of all, in a control so wide.
+    double edge(std::size_t index, double width) const;
     void touched(const vela::plugin::Touch& touch);
     std::optional<std::size_t> segmentAt(vela::plugin::Point point) const;
 
     std::vector<std::string> titles_;
+    std::vector<double> titleWidths_;
     std::function<void(std::size_t)> onChoose_;
     std::size_t chosen_ = 0;
     std::optional<std::size_t> pressed_;

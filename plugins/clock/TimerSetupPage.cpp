@@ -10,7 +10,7 @@ using namespace vela::plugin;
 
 namespace {
 
-constexpr std::array presetMinutes{1, 3, 5, 10, 30};
+constexpr std::array presetMinutes{3, 5, 10, 30};
 constexpr double buttonHeight = 56;
 constexpr double presetHeight = 48;
 constexpr double greatestPickerHeight = 220;

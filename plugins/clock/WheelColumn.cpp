@@ -16,6 +16,7 @@ namespace {
 constexpr double tapDistance = 6;
 constexpr double frameSeconds = 1.0 / 60;
 constexpr double numberWidth = 36;
+constexpr double narrow = 72;         // points of width, below which the unit's letters are smaller
 constexpr double rowsToTheEdge = 3.2; // where the bend of the wheel ends
 
 } // namespace
@@ -61,7 +62,8 @@ void WheelColumn::draw(Canvas& canvas, Rect bounds) const {
         drawNumber(canvas, bounds, (row + wheel_.count()) % wheel_.count(), row - position);
     const double left = bounds.center().x + numberWidth / 2 - 4;
     canvas.drawText(unit_, {left, bounds.center().y - 14, bounds.right() - left, 31},
-                    {.font = {.size = 15, .weight = Weight::Medium}}, palette::quiet);
+                    {.font = {.size = bounds.width < narrow ? 11.0 : 15.0, .weight = Weight::Medium}},
+                    palette::quiet);
 }
 
 void WheelColumn::drawNumber(Canvas& canvas, Rect bounds, int number, double rowsBelow) const {

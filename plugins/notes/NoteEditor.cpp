@@ -10,6 +10,10 @@ namespace notesplugin {
 
 using namespace vela::plugin;
 
+namespace {
+constexpr double textInset = 7; // points from the card's sides
+}
+
 NoteEditor::NoteEditor(Host& host, Notebook& notebook, Actions actions)
     : host_(host),
       actions_(std::move(actions)),
@@ -17,6 +21,7 @@ NoteEditor::NoteEditor(Host& host, Notebook& notebook, Actions actions)
       back_(makePillButton(host, "‹ Notes", colors::yellow, [this] { leave(); })),
       status_(host.addLabel()),
       action_(makePillButton(host, "Delete", colors::red, [this] { actionTapped(); })),
+      card_(host.addLabel()),
       text_(host.addTextView()),
       autoSave_(
           [&host](double seconds, std::function<void()> handler) {
@@ -25,12 +30,12 @@ NoteEditor::NoteEditor(Host& host, Notebook& notebook, Actions actions)
           [this] { return save(); }) {
     status_->setFont({.size = 13, .weight = Weight::Medium});
     status_->setAlignment(Alignment::Center);
-    status_->setBackground(look::card);
-    status_->setCornerRadius(look::cornerRadius);
+    for (Label* label : {status_.get(), card_.get()}) {
+        label->setBackground(look::card);
+        label->setCornerRadius(look::cornerRadius);
+    }
     text_->setFont({.size = 17});
     text_->setColor(colors::primary);
-    text_->setBackground(look::card);
-    text_->setCornerRadius(look::cornerRadius);
     text_->onChange([this] {
         autoSave_.changed(text_->text().size());
         showStatus();
@@ -121,7 +126,8 @@ void NoteEditor::layout(Rect bounds) {
     back_->setFrame(layout.back);
     status_->setFrame(layout.status);
     action_->setFrame(layout.action);
-    text_->setFrame(layout.text);
+    card_->setFrame(layout.text);
+    text_->setFrame(layout.text.insetBy(textInset, 2));
     setHidden(hidden_);
 }
 
@@ -130,6 +136,7 @@ void NoteEditor::setHidden(bool hidden) {
     back_->setHidden(hidden || barHidden_);
     status_->setHidden(hidden || barHidden_);
     action_->setHidden(hidden);
+    card_->setHidden(hidden);
     text_->setHidden(hidden);
 }
 

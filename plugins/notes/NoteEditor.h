@@ -52,6 +52,7 @@ private:
     std::unique_ptr<vela::plugin::Button> back_;
     std::unique_ptr<vela::plugin::Label> status_;
     std::unique_ptr<vela::plugin::Button> action_;
+    std::unique_ptr<vela::plugin::Label> card_; // behind the text
     std::unique_ptr<vela::plugin::TextView> text_;
     AutoSave autoSave_;
 };

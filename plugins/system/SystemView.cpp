@@ -40,13 +40,13 @@ void SystemView::layout(Rect bounds) {
     const std::array<Card*, 6> cards = {&processor_, &memory_, &network_, &disk_, &battery_, &uptime_};
     const auto heights =
         cardHeights({{126, true}, {84, true}, {84, true}, {54, false}, {54, false}, {36, false}},
-                    bounds.height, look::gap);
+                    bounds.height - look::margin, look::gap);
     double y = 0;
     for (std::size_t index = 0; index < cards.size(); ++index) {
         cards[index]->setFrame({0, y, width, heights[index]});
         y += heights[index] + look::gap;
     }
-    scroll_->setContentSize({width, y - look::gap});
+    scroll_->setContentSize({width, y - look::gap + look::margin});
 }
 
 void SystemView::appWillBecomeFirstResponder() {

@@ -95,7 +95,8 @@ TEST(CalendarDate, MonthsAreCountedOverTheYearsEnd) {
 }
 
 TEST(DateText, SpeaksOfDays) {
-    EXPECT_EQ(monthTitle(std::chrono::year(2026) / 5), "May 2026");
+    EXPECT_EQ(monthTitle(std::chrono::year(2026) / 9), "September 2026");
+    EXPECT_EQ(shortMonthTitle(std::chrono::year(2026) / 9), "Sep 2026");
     EXPECT_EQ(fullDate(day("2026-05-06")), "Wednesday, 6 May 2026");
     EXPECT_EQ(dayAndWeek(day("2026-05-06")), "Day 126 of 365  ·  Week 19");
     EXPECT_EQ(dayAndWeek(day("2016-01-01")), "Day 1 of 366  ·  Week 53 of 2015");

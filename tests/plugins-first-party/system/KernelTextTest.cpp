@@ -143,13 +143,14 @@ TEST(KernelText, BearsAnyBytes) {
     for (int round = 0; round < 3000; ++round) {
         for (const CoreTimes& core : parseProcessorTimes(broken(stat, random)))
             ASSERT_GE(core.core, 0);
-        if (const auto usage = parseMemoryUsage(broken(memory, random)))
-            ASSERT_LE(usage->used, usage->total);
+        const auto usage = parseMemoryUsage(broken(memory, random)).value_or(MemoryUsage{});
+        ASSERT_LE(usage.used, usage.total);
         for (const InterfaceTraffic& traffic : parseNetworkTraffic(broken(network, random)))
             ASSERT_FALSE(traffic.name.empty());
         parseUptime(broken("12345.67 99.1\n", random));
-        if (const auto battery = parseBattery(broken("80\n", random), broken("Charging\n", random)))
-            ASSERT_LE(battery->percent, 100);
+        const auto battery =
+            parseBattery(broken("80\n", random), broken("Charging\n", random)).value_or(Battery{});
+        ASSERT_LE(battery.percent, 100);
     }
 }
 
