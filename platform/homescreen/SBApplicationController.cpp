@@ -17,6 +17,12 @@ SBApplicationController& SBApplicationController::sharedInstance() {
     return controller;
 }
 
+std::shared_ptr<SBApplication>
+SBApplicationController::applicationWithBundleIdentifier(const std::string& bundleIdentifier) const {
+    const auto name = displayName(bundleIdentifier);
+    return name ? std::make_shared<SBApplication>(bundleIdentifier, *name) : nullptr;
+}
+
 std::optional<std::string> SBApplicationController::displayName(const std::string& bundleIdentifier) const {
     auto* port = HostPort::current();
     return port ? port->displayName(bundleIdentifier) : std::nullopt;

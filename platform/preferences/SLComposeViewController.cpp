@@ -1,5 +1,7 @@
 #include "platform/preferences/SLComposeViewController.h"
 
+#include "platform/preferences/Presentation.h"
+
 namespace preferences {
 
 runtime::Class& SLComposeViewController::staticClass() {
@@ -9,6 +11,10 @@ runtime::Class& SLComposeViewController::staticClass() {
     return cls;
 }
 RUNTIME_REGISTER_CLASS(SLComposeViewController)
+
+bool SLComposeViewController::isAvailableForServiceType(const std::string&) {
+    return canOpenUrl("https:");
+}
 
 void SLComposeViewController::complete(Result result) {
     const auto kept = shared_from_this(); // the handler may let go of the sheet

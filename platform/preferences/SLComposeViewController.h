@@ -14,6 +14,9 @@ public:
     enum class Result { Cancelled, Done };
     static constexpr const char* serviceTypeTwitter = "com.apple.social.twitter";
 
+    /// Whether a message could be sent: it is handed to a page that some application has to open.
+    static bool isAvailableForServiceType(const std::string& serviceType);
+
     /// composeViewControllerForServiceType:
     explicit SLComposeViewController(std::string serviceType) : serviceType_(std::move(serviceType)) {}
 

@@ -8,6 +8,7 @@
 #include "platform/toolkit/windows/UIWindow.h"
 
 #include <filesystem>
+#include <map>
 
 namespace tests {
 
@@ -28,6 +29,7 @@ public:
     int displayOffs = 0;
     int huds = 0;
     int launches = 0;
+    std::map<std::string, std::string> displayNames{{"com.apple.Music", "Music"}}; // of what is installed
     /// Called inside the host's own launch.
     std::function<void()> duringLaunch;
 
@@ -45,7 +47,10 @@ public:
     bool pressHomeTwice() override { return ++doublePresses > 0; }
     void displayTurnedOff() override { ++displayOffs; }
     void presentHud(const std::shared_ptr<toolkit::UIView>&, double) override { ++huds; }
-    std::optional<std::string> displayName(const std::string&) const override { return std::nullopt; }
+    std::optional<std::string> displayName(const std::string& bundleIdentifier) const override {
+        const auto found = displayNames.find(bundleIdentifier);
+        return found == displayNames.end() ? std::nullopt : std::optional(found->second);
+    }
     toolkit::Size defaultIconImageSize() const override { return {60, 60}; }
     std::shared_ptr<const toolkit::Image> captureScreen() override {
         ++captures;

@@ -1,6 +1,6 @@
 // The methods through which the now-playing controls' reports reach the music panel.
 //
-// Each runs the replaced implementation first.
+// Each runs the replaced implementation first. Main thread only.
 #pragma once
 
 #include "platform/foundation/PropertyList.h"
@@ -15,12 +15,15 @@ namespace vela::nowplaying {
 using foundation::PropertyList;
 using runtime::Object;
 
+/// For plug-ins: with the information as it came, nil included, and with the seconds as a number.
+inline constexpr const char* trackDidChangeNotification = "VelaTrackDidChangeNotification";
+inline constexpr const char* elapsedTimeDidChangeNotification = "VelaElapsedTimeDidChangeNotification";
+
 /// `bundleIdentifier` names the application that plays; nothing when there is none.
 void applicationDidChange(Object& self, Object* controller, std::optional<std::string> bundleIdentifier);
 void playbackStateDidChange(Object& self, Object* controller, bool playing);
 void infoDidChange(Object& self, Object* controller, PropertyList info);
 void elapsedTimeDidChange(Object& self, Object* controller, double elapsed);
-void scrollLyric(Object& self);
 void launchCurrentNowPlayingApp(Object& self);
 
 inline std::function<void(Object&, Object*, std::optional<std::string>)> originalApplicationDidChange;

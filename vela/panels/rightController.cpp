@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/gestures/UITapGestureRecognizer.h"
 #include "platform/toolkit/windows/UIApplication.h"
+#include "vela/nowplaying/songCollectionViewCell.h"
 #include "vela/panels/darkingWindow.h"
 #include "vela/startup/ScreenGeometry.h"
 #include "vela/startup/SpringBoardMessages.h"
@@ -19,6 +20,12 @@ constexpr double labelTop = 20; // points
 constexpr double gap = 10;      // between the label and the songs
 constexpr double controlsHeight = 160;
 constexpr std::int64_t controlsStyle = 1;
+
+std::shared_ptr<UICollectionViewFlowLayout> sidewaysLayout() {
+    auto layout = std::make_shared<UICollectionViewFlowLayout>();
+    layout->setScrollDirection(ScrollDirection::Horizontal);
+    return layout;
+}
 
 std::int64_t frontMostOrientation() {
     static const runtime::Message<std::int64_t()> message{"_frontMostAppOrientation"};
@@ -41,7 +48,7 @@ rightController::rightController(Rect frame)
       vibrancyView_(std::make_shared<UIVisualEffectView>(VisualEffect::vibrancyFor(*blurView_->effect()))),
       strip_(GrabStrip::make(-std::numbers::pi / 2)),
       applicationLabel_(std::make_shared<UILabel>()),
-      artworkCollectionView_(std::make_shared<songsCollectionView>()),
+      artworkCollectionView_(std::make_shared<songsCollectionView>(Rect(), sidewaysLayout())),
       mediaController_(std::make_shared<media::MPUSystemMediaControlsViewController>(controlsStyle)),
       lyric_(std::make_shared<lyricView>()),
       controller_(std::make_shared<ViewController>(ViewController::RightPanel)) {
@@ -65,6 +72,7 @@ rightController::rightController(Rect frame)
         std::make_shared<UITapGestureRecognizer>(mediaController_.get(), "_launchCurrentNowPlayingApp"));
 
     addSubview(artworkCollectionView_);
+    artworkCollectionView_->registerClass<songCollectionViewCell>(songsCollectionView::cellIdentifier);
     vibrancyView_->contentView()->addSubview(lyric_);
     controller_->setWindow(this);
     mediaController_->addChildViewController(controller_);
@@ -88,7 +96,7 @@ void rightController::layoutSubviews() {
         layOutLandscape(strip, labelBottom);
     else if (!layOutPortrait(strip, labelBottom))
         return;
-    artworkCollectionView_->reloadSection(0);
+    artworkCollectionView_->reloadSections({0});
 }
 
 void rightController::layOutLandscape(double strip, double labelBottom) {

@@ -1,5 +1,6 @@
 #include "vela/startup/HookTable.h"
 
+#include "vela/nowplaying/Autoscroll.h"
 #include "vela/nowplaying/NowPlayingHooks.h"
 #include "vela/panels/BlurChoice.h"
 #include "vela/startup/AvailabilityCycle.h"

@@ -6,6 +6,7 @@
 #include "platform/toolkit/gestures/TouchDispatcher.h"
 #include "platform/toolkit/windows/UIScreen.h"
 #include "platform/toolkit/windows/WindowServer.h"
+#include "vela/nowplaying/NowPlayingState.h"
 #include "vela/panels/darkingWindow.h"
 #include "vela/panels/leftController.h"
 #include "vela/panels/leftWindowGrabber.h"
@@ -44,6 +45,7 @@ void installHooksOnce() {
 
 void forgetLaunch() {
     vela::launch::stopCycle();
+    vela::nowplaying::nowPlayingState() = {};
     vela::moduleState() = {};
     vela::availability::applied() = {};
     vela::rotation::resetDone();
