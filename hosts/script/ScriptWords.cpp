@@ -44,6 +44,8 @@ std::string quotedWord(std::string_view line, std::size_t& at) {
 std::string bareWord(std::string_view line, std::size_t& at) {
     std::string word;
     while (at < line.size() && !isBlank(line[at]) && line[at] != '#') {
+        if (line[at] == '"' && word.ends_with('='))
+            return word + quotedWord(line, ++at);
         if (line[at] == '"')
             throw std::invalid_argument("a quote stands within a word");
         word += line[at++];
