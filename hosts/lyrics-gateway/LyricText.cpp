@@ -114,6 +114,8 @@ std::string withoutTimeTags(std::string_view text) {
 }
 
 std::string tidied(std::string_view text) {
+    if (text.empty())
+        return {};
     const std::unique_ptr<char, void (*)(void*)> valid(
         g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())), g_free);
     std::string result;

@@ -81,6 +81,8 @@ std::string decoded(std::string_view text, std::string charset) {
 
 std::string htmlText(std::span<const std::uint8_t> bytes, std::string_view contentType) {
     using namespace std::string_view_literals;
+    if (bytes.empty())
+        return {};
     const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     constexpr auto utf8Mark = "\xEF\xBB\xBF"sv, littleMark = "\xFF\xFE"sv, bigMark = "\xFE\xFF"sv;
     if (text.starts_with(utf8Mark))

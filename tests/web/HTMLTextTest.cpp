@@ -11,6 +11,7 @@ std::string read(const std::string& bytes, const std::string& contentType = "tex
 TEST(HTMLText, TakesSoundUtf8AsItIs) {
     EXPECT_EQ(read("<p>\xC3\xA9</p>"), "<p>é</p>");
     EXPECT_EQ(read(""), "");
+    EXPECT_EQ(web::htmlText({}, ""), "");
 }
 
 TEST(HTMLText, TakesOtherBytesForWesternEuropean) {

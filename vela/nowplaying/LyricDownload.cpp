@@ -34,8 +34,8 @@ std::string textProperty(const MPMediaItem& item, const char* name) {
 
 /// The bytes as a text, empty when they are none.
 std::string utf8Text(const std::vector<std::uint8_t>& bytes) {
-    const auto* text = reinterpret_cast<const char*>(bytes.data());
-    return g_utf8_validate_len(text, bytes.size(), nullptr) ? std::string(text, bytes.size()) : std::string();
+    std::string text(bytes.begin(), bytes.end());
+    return g_utf8_validate_len(text.data(), text.size(), nullptr) ? text : std::string();
 }
 
 void finishItem(const URLAnswer& answer, const std::shared_ptr<MPMediaItem>& item,

@@ -1,6 +1,6 @@
 // The artwork store of VelaSettingsManager: a folder of PNG files.
 //
-// A title may hold anything, also what leads out of the folder: FileManager resolves no such name.
+// A title may hold anything, also what would be a path into another folder: no such name is a file's.
 #include "platform/foundation/FileManager.h"
 #include "platform/foundation/TextReplacement.h"
 #include "platform/toolkit/rendering/ImageFile.h"
@@ -30,6 +30,11 @@ std::string pathOf(const std::string& fileName) {
     return std::string(paths::artworks) + "/" + fileName;
 }
 
+/// Whether files can have a song's key for their name.
+bool isFileName(const std::string& key) {
+    return key.find('/') == std::string::npos;
+}
+
 std::vector<std::string> listArtworks() {
     return FileManager::shared().contentsOfDirectory(paths::artworks).value_or(std::vector<std::string>());
 }
@@ -44,17 +49,18 @@ std::string entryName(std::string fileName) {
 
 void VelaSettingsManager::addArtWork(const std::shared_ptr<const toolkit::Image>& image,
                                      const std::string& title, const std::string& artist) {
-    if (!image)
+    const std::string key = songKey(title, artist);
+    if (!image || !isFileName(key))
         return;
     const auto bytes = toolkit::encodePng(*image);
     if (!bytes.empty())
-        FileManager::shared().writeAtomically(pathOf(songKey(title, artist) + suffixOfScale(screenScale())),
-                                              bytes);
+        FileManager::shared().writeAtomically(pathOf(key + suffixOfScale(screenScale())), bytes);
 }
 
 std::shared_ptr<const toolkit::Image>
 VelaSettingsManager::getImageForSongName(const std::string& title, const std::string& artist) const {
-    return toolkit::loadImageNamed(pathOf(songKey(title, artist) + extension), screenScale());
+    const std::string key = songKey(title, artist);
+    return isFileName(key) ? toolkit::loadImageNamed(pathOf(key + extension), screenScale()) : nullptr;
 }
 
 std::vector<std::string> VelaSettingsManager::getArtworks() const {
