@@ -15,7 +15,7 @@ RUNTIME_REGISTER_CLASS(storedSongsPage)
 
 void storedSongsPage::viewWillAppear(bool animated) {
     PSEditableListController::viewWillAppear(animated);
-    setSpecifiers({});
+    setSpecifiers(makeSpecifiers());
 }
 
 std::shared_ptr<PSSpecifier> storedSongsPage::songRow(const std::string& name, const std::string& pageClass) {
