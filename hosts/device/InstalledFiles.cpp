@@ -26,6 +26,10 @@ std::filesystem::path builtDeviceDirectory() {
     return (std::filesystem::is_directory(installed, error) ? installed : built).lexically_normal();
 }
 
+std::filesystem::path installedProgram(const std::string& name) {
+    return executableDirectory() / name;
+}
+
 std::filesystem::path installedExtension() {
     return (executableDirectory() / ".." / "lib" / "Vela3.dylib").lexically_normal();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 namespace device {
 
@@ -13,6 +14,9 @@ std::filesystem::path resourceDirectory();
 /// What is built and belongs on every device, the phone's own plug-ins: mirrors the device's disk as well. It
 /// may be missing.
 std::filesystem::path builtDeviceDirectory();
+
+/// Another of the project's programs, which lies beside this one. It may be missing.
+std::filesystem::path installedProgram(const std::string& name);
 
 /// The installed extension, Vela3.dylib. It may be missing.
 std::filesystem::path installedExtension();

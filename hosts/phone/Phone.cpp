@@ -70,7 +70,7 @@ void Phone::finishLaunching() {
     };
     state_->screens = std::make_unique<PhoneScreens>(
         *state_->stage, state_->clock, state_->isTablet(),
-        PhoneScreenActions{[this](const std::string& identifier) { openApplication(identifier); },
+        PhoneScreenActions{[this](const std::string& identifier) { tapIcon(identifier); },
                            [this](const std::string& identifier) {
                                if (!openApplication(identifier))
                                    state_->closeSwitcher();
@@ -100,6 +100,12 @@ void Phone::press(Button button) {
     case Button::VolumeDown:
         return state_->changeVolume(-1);
     }
+}
+
+void Phone::tapIcon(const std::string& bundleIdentifier) {
+    openApplication(bundleIdentifier);
+    if (bundleIdentifier == applications::settings.bundleIdentifier && state_->configuration.settingsOpened)
+        state_->configuration.settingsOpened();
 }
 
 bool Phone::openApplication(const std::string& bundleIdentifier) {

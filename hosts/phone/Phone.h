@@ -32,6 +32,9 @@ struct PhoneConfiguration {
     /// and follows the run loop, so that every run shows the same.
     std::function<std::time_t()> wallClock;
     long secondsFromUtc = 0; // of the phone's time zone, positive to the east
+    /// Called when the settings are opened by their icon, for whoever shows more of them than the phone does.
+    /// May be empty.
+    std::function<void()> settingsOpened;
     /// What makes music sound; without one playing is silent, and time passes on the run loop's clock.
     std::shared_ptr<playback::PlaybackEngine> playbackEngine;
     /// The phone's songs; null for a phone without any.
@@ -96,6 +99,8 @@ public:
     std::shared_ptr<const toolkit::Image> captureScreen() override;
 
 private:
+    void tapIcon(const std::string& bundleIdentifier);
+
     struct State;
     std::unique_ptr<State> state_;
 };

@@ -2,6 +2,7 @@
 
 #include "hosts/device/ProgramError.h"
 #include "hosts/phone/program/RunningPhone.h"
+#include "hosts/phone/program/SettingsProgram.h"
 #include "hosts/phone/window/PhoneWindow.h"
 #include "hosts/script/ScriptPlayer.h"
 
@@ -22,6 +23,11 @@ long secondsEastOfUtc() {
 
 PhoneConfiguration configurationOf(const Options& options) {
     PhoneConfiguration configuration = RunningPhone::configurationOf(options);
+    // The pages are the extension's.
+    if (options.loadExtension)
+        configuration.settingsOpened = [settings = std::make_shared<SettingsProgram>(options)] {
+            settings->show();
+        };
     configuration.wallClock = [] { return std::time(nullptr); };
     configuration.secondsFromUtc = secondsEastOfUtc();
     return configuration;
