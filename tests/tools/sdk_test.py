@@ -12,6 +12,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
+TUTORIAL = Path(__file__).resolve().parents[2] / "docs" / "plug-ins.md"
 LIMIT = 240  # seconds that a loaded machine may take for a step
 PLUGINS = "Library/Application Support/Vela/Plugins"
 PULL_AND_OPEN = """
@@ -80,7 +81,8 @@ class SdkTest(unittest.TestCase):
     def play(self, script, *options):
         (self.folder / "a.phone").write_text(script, encoding="utf-8")
         out = self.folder / "out"
-        self.run_in(self.folder, self.phone, "--headless", "--no-plugins", "--script", "a.phone", "--out", out, *options)
+        self.run_in(self.folder, self.phone, "--headless", "--no-plugins", "--script", "a.phone", "--out", out,
+                    *options)
         return {path.stem: json.loads(path.read_text(encoding="utf-8")) for path in out.glob("*.json")}
 
     def expect_tile(self, states, identifier, title):
@@ -106,6 +108,25 @@ class SdkTest(unittest.TestCase):
         self.expect_tile(states, "org.example.moon", "Moon & <Stars>")
         # What the template does on a tap is kept in its storage.
         self.assertEqual((device / "var/mobile/Library/Vela/PluginData/org.example.moon/taps").read_text(), "1")
+
+    def test_the_tutorial_leads_where_it_says(self):
+        blocks = re.findall(r"^```\w*\n(.*?)^```$", TUTORIAL.read_text(encoding="utf-8"), re.MULTILINE | re.DOTALL)
+        code = next(block for block in blocks if "VELA_PRINCIPAL_CLASS(DiceView)" in block)
+        script = next(block for block in blocks if block.startswith("install "))
+        self.new_plugin("Dice", "--identifier", "org.example.dice")
+        folder = self.folder / "Dice"
+        (folder / "plugin.cpp").write_text(code, encoding="utf-8")
+        (folder / "dice.phone").write_text(script, encoding="utf-8")
+        self.run_in(folder, "cmake", "-B", "build", f"-DCMAKE_PREFIX_PATH={self.prefix}",
+                    "-DCMAKE_CXX_FLAGS=-Wall -Wextra")
+        built = self.run_in(folder, "cmake", "--build", "build")
+        self.assertNotIn("warning", built.stdout + built.stderr)
+        device = self.folder / "device"
+        self.run_in(folder, self.phone, "--headless", "--no-plugins", "--root", device, "--script", "dice.phone",
+                    "--out", "shots")
+        self.assertTrue((folder / "shots" / "dice.png").is_file())
+        eyes = device / "var/mobile/Library/Vela/PluginData/org.example.dice/eyes"
+        self.assertIn(eyes.read_text(encoding="utf-8"), list("123456"))
 
     def test_a_script_installs_it_on_a_fresh_phone(self):
         self.new_plugin("Moon")
