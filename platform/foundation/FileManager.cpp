@@ -291,6 +291,8 @@ std::optional<PropertyList::Dictionary> FileManager::readDictionary(const std::s
 bool FileManager::writeDictionaryAtomically(const std::string& devicePath,
                                             const PropertyList::Dictionary& value) const {
     const std::string text = encodePropertyList(value);
+    if (text.size() > PropertyListLimits().maximumBytes)
+        return false;
     return writeAtomically(devicePath, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
 }
 

@@ -56,6 +56,7 @@ public:
     /// The same for a small file that is read again and again: bytes that were decoded before are not decoded
     /// again. Null when there is no dictionary, or a file of more than a megabyte.
     std::shared_ptr<const PropertyList::Dictionary> sharedDictionary(const std::string& devicePath) const;
+    /// False, the old file standing, also for a dictionary that is too large to be read back.
     bool writeDictionaryAtomically(const std::string& devicePath,
                                    const PropertyList::Dictionary& value) const;
 

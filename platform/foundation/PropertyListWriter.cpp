@@ -16,6 +16,11 @@ namespace {
 constexpr std::string_view header = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n";
 constexpr std::string_view footer = "</plist>\n";
 
+/// The characters that most texts are made of, and that are written as they are.
+bool isPlain(char c) {
+    return (c >= ' ' && c < 0x7F && c != '&' && c != '<' && c != '>') || c == '\n' || c == '\t';
+}
+
 /// The character at `at` as XML has it, and how many bytes it took; none for what XML cannot hold.
 std::string_view escaped(std::string_view text, std::size_t at, std::size_t& length) {
     const auto first = static_cast<unsigned char>(text[at]);
@@ -38,9 +43,6 @@ std::string_view escaped(std::string_view text, std::size_t at, std::size_t& len
         return "&gt;";
     case '\r':
         return "&#13;"; // a bare one would be read as a line's end
-    case '\t':
-    case '\n':
-        return text.substr(at, 1);
     default:
         return first < 0x20 ? std::string_view{} : text.substr(at, 1);
     }
@@ -87,8 +89,15 @@ void PropertyListWriter::add(const PropertyList& value, std::size_t depth) {
 void PropertyListWriter::addText(std::size_t depth, std::string_view name, std::string_view text) {
     std::string content;
     content.reserve(text.size());
-    for (std::size_t at = 0, length = 0; at < text.size(); at += length)
+    for (std::size_t at = 0, length = 0; at < text.size(); at += length) {
+        const auto* begin = text.begin() + at;
+        const auto* end = std::find_if_not(begin, text.end(), isPlain);
+        content.append(begin, end);
+        at += static_cast<std::size_t>(end - begin);
+        if (at == text.size())
+            break;
         content += escaped(text, at, length);
+    }
     addElement(depth, name, content);
 }
 

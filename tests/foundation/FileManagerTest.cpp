@@ -220,5 +220,13 @@ TEST_F(FileManagerTest, ReadsDictionariesAndNothingElseAsSuch) {
     EXPECT_FALSE(files.readDictionary("/missing.plist"));
 }
 
+TEST_F(FileManagerTest, WritesNoDictionaryThatIsTooLargeToBeReadBack) {
+    const PropertyList::Dictionary small{{"text", "small"}};
+    ASSERT_TRUE(files.writeDictionaryAtomically("/settings.plist", small));
+    EXPECT_FALSE(
+        files.writeDictionaryAtomically("/settings.plist", {{"text", std::string(64 * 1024 * 1024, 'x')}}));
+    EXPECT_EQ(files.readDictionary("/settings.plist"), small);
+}
+
 } // namespace
 } // namespace foundation
