@@ -1,5 +1,6 @@
 #include "hosts/settings/window/ComposeView.h"
 
+#include "hosts/settings/window/Accessibility.h"
 #include "hosts/settings/window/Attached.h"
 #include "hosts/settings/window/Measures.h"
 #include "hosts/settings/window/Text.h"
@@ -44,7 +45,7 @@ GtkWidget* newEditor(const std::string& text) {
     gtk_text_view_set_top_margin(GTK_TEXT_VIEW(editor), columnMargin);
     gtk_text_view_set_bottom_margin(GTK_TEXT_VIEW(editor), columnMargin);
     gtk_text_buffer_set_text(gtk_text_view_get_buffer(GTK_TEXT_VIEW(editor)), displayed(text).c_str(), -1);
-    gtk_accessible_update_property(GTK_ACCESSIBLE(editor), GTK_ACCESSIBLE_PROPERTY_LABEL, "Message", -1);
+    setAccessibleName(editor, "Message");
     return editor;
 }
 
@@ -55,6 +56,7 @@ GtkWidget* newComposePage(const std::shared_ptr<SLComposeViewController>& contro
     GtkWidget* editor = newEditor(controller->initialText());
     GtkWidget* scroller = gtk_scrolled_window_new();
     gtk_scrolled_window_set_child(GTK_SCROLLED_WINDOW(scroller), editor);
+    gtk_widget_set_focusable(scroller, FALSE);
     const std::weak_ptr weak(controller);
     const ModalPage page = newModalPage("Message", "Cancel", scroller, [weak] {
         if (const auto cancelled = weak.lock())

@@ -1,6 +1,7 @@
 #include "hosts/settings/window/FilmView.h"
 
 #include "hosts/settings/program/Address.h"
+#include "hosts/settings/window/Accessibility.h"
 #include "hosts/settings/window/Attached.h"
 
 namespace settings {
@@ -16,7 +17,7 @@ FilmView::FilmView(GtkWidget* video, std::shared_ptr<preferences::AVPlayer> play
     stream_ = gtk_media_file_new_for_file(file);
     g_object_unref(file);
     gtk_video_set_media_stream(GTK_VIDEO(video_), stream_);
-    gtk_accessible_update_property(GTK_ACCESSIBLE(video_), GTK_ACCESSIBLE_PROPERTY_LABEL, "Film", -1);
+    setAccessibleName(video_, "Film");
     player_->setPlayingChangedHandler([this] { follow(); });
     follow();
 }

@@ -35,6 +35,15 @@ GtkWidget* newFooter(const std::string& text) {
     return label;
 }
 
+/// Up and Down lead from one box of rows to the next, as if they were one list.
+gboolean leadOn(GtkWidget* list, GtkDirectionType direction, gpointer) {
+    if (direction != GTK_DIR_UP && direction != GTK_DIR_DOWN)
+        return FALSE;
+    GtkWidget* window = GTK_WIDGET(gtk_widget_get_root(list));
+    return gtk_widget_child_focus(window,
+                                  direction == GTK_DIR_UP ? GTK_DIR_TAB_BACKWARD : GTK_DIR_TAB_FORWARD);
+}
+
 /// Whether a row draws itself, all of it.
 bool drawsItself(const PSSpecifier& specifier) {
     return !specifier.isGroup() && specifier.cellType() != PSCellType::Switch &&
@@ -55,6 +64,7 @@ GroupsBody::GroupsBody(const std::shared_ptr<PSListController>& page)
     gtk_scrolled_window_set_policy(GTK_SCROLLED_WINDOW(scroller_), GTK_POLICY_NEVER, GTK_POLICY_AUTOMATIC);
     gtk_scrolled_window_set_child(GTK_SCROLLED_WINDOW(scroller_), clamp);
     gtk_widget_set_vexpand(scroller_, TRUE);
+    gtk_widget_set_focusable(scroller_, FALSE); // its rows are
     reload();
 }
 
@@ -127,6 +137,7 @@ GtkWidget* GroupsBody::newList(const std::string& name) const {
                              content->activate();
                      }),
                      nullptr);
+    g_signal_connect(list, "keynav-failed", G_CALLBACK(leadOn), nullptr);
     addDeleteKey(list);
     return list;
 }

@@ -1,5 +1,6 @@
 #include "hosts/settings/window/ListBody.h"
 
+#include "hosts/settings/window/Accessibility.h"
 #include "hosts/settings/window/Measures.h"
 #include "hosts/settings/window/RowContent.h"
 #include "hosts/settings/window/Text.h"
@@ -42,8 +43,7 @@ ListBody::ListBody(const std::shared_ptr<PSListController>& page)
     list_ = gtk_list_view_new(GTK_SELECTION_MODEL(model), factory);
     gtk_list_view_set_single_click_activate(GTK_LIST_VIEW(list_), TRUE);
     gtk_list_view_set_show_separators(GTK_LIST_VIEW(list_), TRUE);
-    gtk_accessible_update_property(GTK_ACCESSIBLE(list_), GTK_ACCESSIBLE_PROPERTY_LABEL,
-                                   displayed(page->title()).c_str(), -1);
+    setAccessibleName(list_, page->title());
     g_signal_connect(list_, "activate", G_CALLBACK(+[](GtkListView* list, guint, gpointer) {
                          if (RowContent* row = RowContent::focusedIn(GTK_WIDGET(list)))
                              row->activate();
@@ -56,6 +56,7 @@ ListBody::ListBody(const std::shared_ptr<PSListController>& page)
     gtk_scrolled_window_set_policy(GTK_SCROLLED_WINDOW(scroller_), GTK_POLICY_NEVER, GTK_POLICY_AUTOMATIC);
     gtk_scrolled_window_set_child(GTK_SCROLLED_WINDOW(scroller_), clamp);
     gtk_widget_set_vexpand(scroller_, TRUE);
+    gtk_widget_set_focusable(scroller_, FALSE); // its rows are
     reload();
 }
 

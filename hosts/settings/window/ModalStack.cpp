@@ -1,5 +1,6 @@
 #include "hosts/settings/window/ModalStack.h"
 
+#include "hosts/settings/window/Accessibility.h"
 #include "hosts/settings/window/Turn.h"
 #include "platform/foundation/RunLoop.h"
 
@@ -24,7 +25,8 @@ void ModalStack::present(std::shared_ptr<toolkit::UIViewController> controller, 
     });
     gtk_stack_add_child(stack_, page);
     show(page, animated ? GTK_STACK_TRANSITION_TYPE_OVER_UP : GTK_STACK_TRANSITION_TYPE_NONE);
-    gtk_widget_child_focus(page, GTK_DIR_TAB_FORWARD);
+    // What the page shows comes before its bar.
+    gtk_widget_child_focus(gtk_widget_get_last_child(page), GTK_DIR_TAB_FORWARD);
 }
 
 void ModalStack::dismiss(toolkit::UIViewController& controller, bool animated,
@@ -50,6 +52,11 @@ void ModalStack::dismiss(toolkit::UIViewController& controller, bool animated,
 void ModalStack::show(GtkWidget* page, GtkStackTransitionType transition) {
     gtk_stack_set_transition_type(stack_, transition);
     gtk_stack_set_visible_child(stack_, page);
+    setPassedOver(pages_, page != pages_);
+    for (const Modal& modal : modals_)
+        setPassedOver(modal.page, modal.page != page);
+    for (const Modal& modal : left_)
+        setPassedOver(modal.page, true);
     // Without a transition, as before the window is shown, nobody tells that it has ended.
     foundation::RunLoop::main().performOnMain([this] { transitionChanged(); });
 }

@@ -19,6 +19,8 @@ public:
     ModalStack& operator=(const ModalStack&) = delete;
 
     GtkWidget* widget() const { return GTK_WIDGET(stack_); }
+    /// Whether anything is presented.
+    bool isShown() const { return !modals_.empty(); }
 
     /// Shows `page`, a new widget, for this controller, which is kept while it is shown; `completion` is
     /// called once it stands.

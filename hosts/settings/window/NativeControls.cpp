@@ -1,5 +1,6 @@
 #include "hosts/settings/window/NativeControls.h"
 
+#include "hosts/settings/window/Accessibility.h"
 #include "hosts/settings/window/Text.h"
 #include "hosts/settings/window/Turn.h"
 #include "platform/toolkit/views/UIButton.h"
@@ -28,8 +29,7 @@ gulong connectToView(gpointer instance, const char* signal, GCallback callback,
 GtkWidget* newButtonOver(const std::shared_ptr<UIButton>& button) {
     GtkWidget* widget = gtk_button_new();
     gtk_widget_add_css_class(widget, "cover");
-    gtk_accessible_update_property(GTK_ACCESSIBLE(widget), GTK_ACCESSIBLE_PROPERTY_LABEL,
-                                   displayed(button->title()).c_str(), -1);
+    setAccessibleName(widget, button->title());
     connectToView(widget, "clicked", G_CALLBACK(+[](GtkButton*, gpointer weak) {
                       if (const auto pressed = static_cast<std::weak_ptr<UIButton>*>(weak)->lock()) {
                           pressed->sendActions(toolkit::ControlEvent::TouchUpInside);
@@ -65,7 +65,7 @@ GtkWidget* newTextOver(const std::shared_ptr<UITextView>& textView) {
     gtk_text_view_set_bottom_margin(GTK_TEXT_VIEW(widget), textMargin);
     // Tab leads on to the next control, as everywhere else.
     gtk_text_view_set_accepts_tab(GTK_TEXT_VIEW(widget), FALSE);
-    gtk_accessible_update_property(GTK_ACCESSIBLE(widget), GTK_ACCESSIBLE_PROPERTY_LABEL, "Text", -1);
+    setAccessibleName(widget, "Text");
     GtkTextBuffer* buffer = gtk_text_view_get_buffer(GTK_TEXT_VIEW(widget));
     gtk_text_buffer_set_text(buffer, displayed(textView->text()).c_str(), -1);
     gtk_text_buffer_set_enable_undo(buffer, TRUE);
@@ -77,6 +77,7 @@ GtkWidget* newTextOver(const std::shared_ptr<UITextView>& textView) {
     GtkWidget* scroller = gtk_scrolled_window_new();
     gtk_scrolled_window_set_policy(GTK_SCROLLED_WINDOW(scroller), GTK_POLICY_NEVER, GTK_POLICY_AUTOMATIC);
     gtk_scrolled_window_set_child(GTK_SCROLLED_WINDOW(scroller), widget);
+    gtk_widget_set_focusable(scroller, FALSE);
     gtk_widget_add_css_class(scroller, "card");
     gtk_widget_set_overflow(scroller, GTK_OVERFLOW_HIDDEN);
     return scroller;

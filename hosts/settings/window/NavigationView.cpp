@@ -1,5 +1,6 @@
 #include "hosts/settings/window/NavigationView.h"
 
+#include "hosts/settings/window/Accessibility.h"
 #include "hosts/settings/window/Turn.h"
 
 namespace settings {
@@ -61,17 +62,28 @@ void NavigationView::push() {
     PageView& page = PageView::make(controller_.topViewController(), std::move(back));
     pages_.push_back(&page);
     adw_leaflet_append(leaflet_, page.widget());
-    adw_leaflet_set_visible_child(leaflet_, page.widget());
-    page.takeFocus();
+    showTop();
 }
 
 void NavigationView::pop() {
     left_.push_back(pages_.back()->widget());
     pages_.pop_back();
     pages_.back()->refresh();
+    setPassedOver(left_.back(), true);
+    showTop();
+    removeLeftPages();
+}
+
+void NavigationView::showTop() {
+    for (PageView* page : pages_)
+        setPassedOver(page->widget(), page != pages_.back());
     adw_leaflet_set_visible_child(leaflet_, pages_.back()->widget());
     pages_.back()->takeFocus();
-    removeLeftPages();
+}
+
+void NavigationView::takeFocus() {
+    if (!pages_.empty())
+        pages_.back()->takeFocus();
 }
 
 void NavigationView::goBack() {

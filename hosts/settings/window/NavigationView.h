@@ -21,12 +21,15 @@ public:
     GtkWidget* widget() const { return GTK_WIDGET(leaflet_); }
     /// Shows the present values of the page on top.
     void refresh();
+    /// Gives the keyboard's focus to the page on top.
+    void takeFocus();
 
 private:
     using Change = preferences::UINavigationController::Change;
     void changed(Change change);
     void push();
     void pop();
+    void showTop();
     void goBack();
     void shownPageChanged();
     void removeLeftPages();

@@ -1,6 +1,7 @@
 #include "hosts/settings/window/PageView.h"
 
 #include "hosts/gtk/Texture.h"
+#include "hosts/settings/window/Accessibility.h"
 #include "hosts/settings/window/Attached.h"
 #include "hosts/settings/window/Text.h"
 #include "hosts/settings/window/ToolkitView.h"
@@ -101,6 +102,7 @@ GtkWidget* PageView::newBarButton() const {
             gtk_image_new_from_paintable(GDK_PAINTABLE(gtk::makeTexture(*item->image()).get()));
         gtk_image_set_pixel_size(GTK_IMAGE(image), barIconSize);
         gtk_button_set_child(GTK_BUTTON(button), image);
+        gtk_widget_add_css_class(button, "flat");
     } else {
         gtk_button_set_label(GTK_BUTTON(button), displayed(item->title()).c_str());
     }
@@ -109,8 +111,7 @@ GtkWidget* PageView::newBarButton() const {
     // A picture is named by what it does.
     const std::string name = item->title().empty() ? item->action().name() : item->title();
     gtk_widget_set_tooltip_text(button, displayed(name).c_str());
-    gtk_accessible_update_property(GTK_ACCESSIBLE(button), GTK_ACCESSIBLE_PROPERTY_LABEL,
-                                   displayed(name).c_str(), -1);
+    setAccessibleName(button, name);
     g_signal_connect_swapped(button, "clicked", G_CALLBACK(+[](PageView* self) {
                                  const auto page = self->page_; // this may go on the way
                                  const auto pressed = page->navigationItem().rightBarButtonItem();

@@ -1,6 +1,7 @@
 #include "hosts/settings/window/RowContent.h"
 
 #include "hosts/gtk/Texture.h"
+#include "hosts/settings/window/Accessibility.h"
 #include "hosts/settings/window/Attached.h"
 #include "hosts/settings/window/Style.h"
 #include "hosts/settings/window/Text.h"
@@ -182,13 +183,11 @@ void RowContent::showControls() {
     if (isSwitch || isSlider)
         nameControl(isSwitch ? switch_ : scale_);
     const std::string deleteName = "Delete " + displayed(specifier_->name());
-    gtk_accessible_update_property(GTK_ACCESSIBLE(deleteButton_), GTK_ACCESSIBLE_PROPERTY_LABEL,
-                                   deleteName.c_str(), -1);
+    setAccessibleName(deleteButton_, deleteName);
 }
 
 void RowContent::nameControl(GtkWidget* control) const {
-    gtk_accessible_update_property(GTK_ACCESSIBLE(control), GTK_ACCESSIBLE_PROPERTY_LABEL,
-                                   displayed(specifier_->name()).c_str(), -1);
+    setAccessibleName(control, specifier_->name());
 }
 
 void RowContent::tintSwitch() {
@@ -244,7 +243,7 @@ void RowContent::describe(GtkWidget* holder) const {
         const char* chosen = gtk_label_get_text(GTK_LABEL(value_));
         name += *chosen ? std::string(", ") + chosen : "";
     }
-    gtk_accessible_update_property(GTK_ACCESSIBLE(holder), GTK_ACCESSIBLE_PROPERTY_LABEL, name.c_str(), -1);
+    setAccessibleName(holder, name);
     if (specifier_->cellType() == PSCellType::ListItem)
         gtk_accessible_update_state(GTK_ACCESSIBLE(holder), GTK_ACCESSIBLE_STATE_SELECTED,
                                     page_->isSpecifierChecked(specifier_), -1);

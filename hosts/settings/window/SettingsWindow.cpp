@@ -41,6 +41,8 @@ SettingsWindow::SettingsWindow(preferences::UINavigationController& controller, 
 
 void SettingsWindow::present() {
     gtk_window_present(GTK_WINDOW(window_));
+    if (!modals_.isShown())
+        navigation_.takeFocus();
 }
 
 void SettingsWindow::notify(const std::string& text) {

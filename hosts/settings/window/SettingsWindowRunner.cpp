@@ -33,6 +33,9 @@ gboolean presentWindow(gpointer window) {
 }
 
 void startToolkit() {
+    // What the desktop and screen readers call the program.
+    g_set_prgname("vela-settings");
+    g_set_application_name("Settings");
     if (!gtk_init_check())
         throw device::ProgramError(
             "there is no display to open a window on: --list, --get and --set need none");

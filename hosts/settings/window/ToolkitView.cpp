@@ -1,8 +1,8 @@
 #include "hosts/settings/window/ToolkitView.h"
 
+#include "hosts/settings/window/Accessibility.h"
 #include "hosts/settings/window/Attached.h"
 #include "hosts/settings/window/PictureWidget.h"
-#include "hosts/settings/window/Text.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/toolkit/animation/Animation.h"
 
@@ -24,8 +24,7 @@ ToolkitView& ToolkitView::make(const std::string& name) {
          [place](int width, int height) { (*place)->resized(width, height); },
          [place](GtkSnapshot* snapshot, int width, int height) { (*place)->draw(snapshot, width, height); }});
     if (!name.empty())
-        gtk_accessible_update_property(GTK_ACCESSIBLE(widget), GTK_ACCESSIBLE_PROPERTY_LABEL,
-                                       displayed(name).c_str(), -1);
+        setAccessibleName(widget, name);
     ToolkitView& view = attach<ToolkitView>(widget, widget);
     *place = &view;
     return view;
