@@ -12,7 +12,8 @@ using vela::plugin::Rect;
 namespace {
 
 constexpr double leastKeyHeight = 44;
-constexpr double greatestKeyHeight = 76;
+constexpr double greatestKeyHeight = 76;  // on a panel of ordinary width
+constexpr double greatestKeyShare = 0.17; // of a wide panel's width
 constexpr double leastDisplayHeight = 40;
 constexpr double margin = 6;
 /// Less high than this, four columns would make the keys too flat for a finger.
@@ -74,7 +75,8 @@ KeyGrid KeyGrid::in(Rect bounds) {
     }
     // The keys take most of the height, yet leave the display a part of what there is to spare.
     const double room = area.height - leastDisplayHeight;
-    const double height = std::clamp(room * 0.84 / 5.7, leastKeyHeight, greatestKeyHeight);
+    const double greatest = std::max(greatestKeyHeight, area.width * greatestKeyShare);
+    const double height = std::clamp(room * 0.84 / 5.7, leastKeyHeight, greatest);
     const double low = std::max(leastKeyHeight, height * 0.7);
     grid.display = {area.x, area.y, area.width, area.height - 5 * height - low};
     place(memoryRow, {area.x, grid.display.bottom(), area.width, low}, grid.keys);

@@ -43,7 +43,8 @@ TEST_P(KeyGridOfSize, HasNoTwoKeysAtOnePlace) {
 INSTANTIATE_TEST_SUITE_P(PanelSizes, KeyGridOfSize,
                          testing::Values(vela::plugin::Size{280, 560}, vela::plugin::Size{320, 480},
                                          vela::plugin::Size{280, 320}, vela::plugin::Size{300, 220},
-                                         vela::plugin::Size{600, 300}, vela::plugin::Size{400, 900}));
+                                         vela::plugin::Size{600, 300}, vela::plugin::Size{400, 900},
+                                         vela::plugin::Size{580, 950}));
 
 TEST(KeyGrid, BearsAViewWithoutSize) {
     EXPECT_EQ(KeyGrid::in({}).keys.size(), 23u);
