@@ -1,14 +1,13 @@
 // The music panel of a launched product, beside a library that a test fills.
 #pragma once
 
-#include "platform/foundation/FileManager.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/media/MPUNowPlayingController.h"
 #include "platform/media/NowPlayingInfo.h"
 #include "platform/toolkit/windows/WindowServer.h"
 #include "tests/support/Transcript.h"
 #include "tests/vela/nowplaying/TestMedia.h"
-#include "tests/vela/support/ProductTest.h"
+#include "tests/vela/support/WebTest.h"
 #include "vela/nowplaying/NowPlayingState.h"
 #include "vela/panels/leftController.h"
 #include "vela/panels/leftWindowGrabber.h"
@@ -17,20 +16,18 @@
 #include "vela/startup/MediaItemProperties.h"
 #include "vela/startup/ModuleState.h"
 #include "vela/stores/PreferenceKeys.h"
-#include "vela/stores/VelaSettingsManager.h"
 
 #include <gmock/gmock.h>
 
 namespace tests {
 
-class NowPlayingTest : public ProductTest {
+class NowPlayingTest : public WebTest {
 protected:
     NowPlayingTest() {
         auto values = usualPreferences();
         values[vela::keys::autoscroll] = true;
         values[vela::keys::loadSongsWith] = "artist";
         preferences(values);
-        foundation::FileManager::shared().createDirectories("/var/mobile/Documents/Vela/Artworks");
         launch();
         panel().setFrame({75, 0, 300, 667});
         controller->addControls(panel().mediaController());
@@ -58,7 +55,7 @@ protected:
         loop.turn();
     }
     void storeLyric(const std::string& title, const std::string& artist, const std::string& lyric) {
-        vela::VelaSettingsManager::sharedInstance().addLyric(lyric, title, artist);
+        store.addLyric(lyric, title, artist);
     }
 
     vela::rightController& panel() { return *vela::moduleState().right; }
