@@ -19,6 +19,11 @@ constexpr double numberWidth = 36;
 constexpr double narrow = 72;         // points of width, below which the unit's letters are smaller
 constexpr double rowsToTheEdge = 3.2; // where the bend of the wheel ends
 
+/// How far the numbers stand left of the middle, for the unit beside them.
+double asideIn(Rect bounds) {
+    return bounds.width < narrow ? 16 : 8;
+}
+
 } // namespace
 
 WheelColumn::WheelColumn(Host& host, int count, std::string unit, std::function<void()> onChange)
@@ -60,7 +65,7 @@ void WheelColumn::draw(Canvas& canvas, Rect bounds) const {
     const int rows = static_cast<int>(rowsToTheEdge);
     for (int row = middle - rows; row <= middle + rows; ++row)
         drawNumber(canvas, bounds, (row + wheel_.count()) % wheel_.count(), row - position);
-    const double left = bounds.center().x + numberWidth / 2 - 4;
+    const double left = bounds.center().x - asideIn(bounds) + numberWidth / 2 + 4;
     canvas.drawText(unit_, {left, bounds.center().y - 14, bounds.right() - left, 31},
                     {.font = {.size = bounds.width < narrow ? 11.0 : 15.0, .weight = Weight::Medium}},
                     palette::quiet);
@@ -74,7 +79,7 @@ void WheelColumn::drawNumber(Canvas& canvas, Rect bounds, int number, double row
     const double y = bounds.center().y + std::sin(bend) * rowsToTheEdge * rowHeight * 0.72;
     const double nearness = std::clamp(1 - std::abs(rowsBelow), 0.0, 1.0);
     canvas.save();
-    canvas.translate(bounds.center().x - 8, y);
+    canvas.translate(bounds.center().x - asideIn(bounds), y);
     canvas.scale(1, std::cos(bend));
     canvas.drawText(std::to_string(number), {-numberWidth / 2, -rowHeight / 2, numberWidth, rowHeight},
                     {.font = {.size = 25, .monospacedDigits = true}, .alignment = Alignment::Right},
