@@ -123,13 +123,16 @@ void ScriptPlayer::stepDrag() {
 void ScriptPlayer::play(const AddMusic& music) {
     if (const Failure failure = target_.addMusic(music.path))
         return finish(failure);
-    waitForMusic();
+    waitForMusic(0);
 }
 
-void ScriptPlayer::waitForMusic() {
-    if (!target_.isReadingMusic())
-        return continueAfter(0);
-    timer_ = foundation::RunLoop::main().scheduleTimer(eventInterval, false, [this] { waitForMusic(); });
+void ScriptPlayer::waitForMusic(double seconds) {
+    timer_ = foundation::RunLoop::main().scheduleTimer(seconds, false, [this] {
+        if (target_.isReadingMusic())
+            waitForMusic(eventInterval);
+        else
+            continueAfter(0);
+    });
 }
 
 } // namespace script

@@ -70,7 +70,8 @@ private:
     void play(const Shot& shot) { proceed(target_.writeScreenshot(shot.fileName)); }
     void play(const State& state) { proceed(target_.writeState(state.fileName)); }
     void stepDrag();
-    void waitForMusic();
+    /// Goes on once music has been read, and looks first after so many seconds.
+    void waitForMusic(double seconds);
 
     Script script_;
     ScriptTarget& target_;

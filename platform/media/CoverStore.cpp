@@ -14,8 +14,10 @@ namespace {
 /// Above any screen's needs, and far from what an int holds.
 constexpr double greatestSide = 8192; // pixels
 
-/// The bytes as a picture just large enough to cover `width` × `height` pixels. Any thread.
-CoverStore::Picture decodeCover(const std::vector<std::uint8_t>& bytes, int width, int height, double scale) {
+/// A song's cover as a picture just large enough to cover `width` × `height` pixels. Any thread.
+CoverStore::Picture readCover(std::int64_t persistentID, int width, int height, double scale) {
+    const MediaPort* port = MediaPort::current();
+    const auto bytes = port ? port->artworkData(persistentID) : std::vector<std::uint8_t>();
     if (bytes.empty())
         return nullptr;
     const auto whole = toolkit::decodeImage(bytes, scale);
@@ -76,21 +78,15 @@ CoverStore::Picture CoverStore::cover(const Request& request) {
     const Key key = keyOf(request);
     if (const Picture* kept = find(key))
         return *kept;
-    const MediaPort* port = MediaPort::current();
-    if (!port)
-        return nullptr;
-    const Picture picture =
-        decodeCover(port->artworkData(request.persistentID), key.width, key.height, request.scale);
+    const Picture picture = readCover(request.persistentID, key.width, key.height, request.scale);
     keep(key, picture);
     return picture;
 }
 
 foundation::Handle CoverStore::load(const Request& request, Ready ready) {
     const Key key = keyOf(request);
-    MediaPort* port = MediaPort::current();
-    const Picture* kept = find(key);
-    if (kept || !port) {
-        ready(kept ? *kept : nullptr);
+    if (const Picture* kept = find(key)) {
+        ready(*kept);
         return {};
     }
     const auto waiter = std::make_shared<Ready>(std::move(ready));
@@ -98,9 +94,8 @@ foundation::Handle CoverStore::load(const Request& request, Ready ready) {
     waiters.push_back(waiter);
     if (waiters.size() == 1)
         foundation::RunLoop::main().performInBackground(
-            [this, port, key, scale = request.scale, generation = generation_] {
-                const auto picture =
-                    decodeCover(port->artworkData(key.persistentID), key.width, key.height, scale);
+            [this, key, scale = request.scale, generation = generation_] {
+                const auto picture = readCover(key.persistentID, key.width, key.height, scale);
                 foundation::RunLoop::main().performOnMain(
                     [this, key, picture, generation] { arrived(key, picture, generation); });
             });

@@ -1,9 +1,11 @@
 #include "platform/media/MediaPort.h"
 
+#include <atomic>
+
 namespace media {
 
 namespace {
-MediaPort* currentPort = nullptr;
+std::atomic<MediaPort*> currentPort = nullptr; // read on any thread
 }
 
 MediaPort* MediaPort::current() {

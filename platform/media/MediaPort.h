@@ -20,7 +20,7 @@ enum class RemoteCommand { Play, Pause, TogglePlayPause, NextTrack, PreviousTrac
 
 class MediaPort {
 public:
-    /// The process's port, or null before a host has set one.
+    /// The process's port, or null before a host has set one. Any thread.
     static MediaPort* current();
     static void setCurrent(MediaPort* port);
 

@@ -103,6 +103,55 @@ TEST(Script, ReadsQuotedWordsWithBlanksHashesAndEscapes) {
     EXPECT_EQ(only<Type>("type \"two words\"").text, "two words");
 }
 
+TEST(Script, ReadsMusic) {
+    EXPECT_EQ(only<AddMusic>("music add /some/where").path, "/some/where");
+    EXPECT_EQ(only<Play>("play \"Paper Boats\"").title, "Paper Boats");
+    EXPECT_EQ(only<PressPlayer>("play next").button, PlayerButton::Next);
+    EXPECT_EQ(only<PressPlayer>("play previous").button, PlayerButton::Previous);
+    EXPECT_EQ(only<PressPlayer>("play pause").button, PlayerButton::Pause);
+    EXPECT_EQ(only<PressPlayer>("play resume").button, PlayerButton::Resume);
+    EXPECT_EQ(only<Seek>("seek 12.5").seconds, 12.5);
+    EXPECT_EQ(only<Elapsed>("elapsed 3").seconds, 3);
+    EXPECT_EQ(only<VolumeSlider>("volume-slider begin").moment, SliderMoment::Begin);
+    EXPECT_EQ(only<VolumeSlider>("volume-slider end").moment, SliderMoment::End);
+    for (const char* wrong : {"music", "music add", "music remove x", "play", "play a b", "seek -1", "seek x",
+                              "elapsed", "volume-slider", "volume-slider up", "radio", "radio a b c"})
+        EXPECT_NE(errorOf(wrong), "") << wrong;
+}
+
+TEST(Script, ReadsRadioInOneWordOrTwo) {
+    const auto heard = [](std::string_view text) {
+        const auto radio = only<Radio>(text);
+        return radio.title + "/" + radio.artist;
+    };
+    EXPECT_EQ(heard("radio \"Rain|Mira Vale\""), "Rain/Mira Vale");
+    EXPECT_EQ(heard("radio Rain \"Mira Vale\""), "Rain/Mira Vale");
+    EXPECT_EQ(heard("radio Rain"), "Rain/");
+    EXPECT_EQ(heard("radio |"), "/");
+    EXPECT_EQ(heard("radio \"\" Mira"), "/Mira");
+}
+
+TEST(Script, ReadsWhatPlaysNow) {
+    EXPECT_TRUE(only<NowPlaying>("nowplaying none").info.isNil());
+    const auto info = only<NowPlaying>("nowplaying title=\"Paper Boats\" \"artist=Mira Vale\" album= "
+                                       "kMRMediaRemoteNowPlayingInfoDuration=200.5 uniqueIdentifier=7")
+                          .info;
+    EXPECT_EQ(info["kMRMediaRemoteNowPlayingInfoTitle"], foundation::PropertyList("Paper Boats"));
+    EXPECT_EQ(info["kMRMediaRemoteNowPlayingInfoArtist"], foundation::PropertyList("Mira Vale"));
+    EXPECT_EQ(info["kMRMediaRemoteNowPlayingInfoAlbum"], foundation::PropertyList(""));
+    EXPECT_EQ(info["kMRMediaRemoteNowPlayingInfoDuration"], foundation::PropertyList(200.5));
+    EXPECT_EQ(info["kMRMediaRemoteNowPlayingInfoUniqueIdentifier"],
+              foundation::PropertyList(std::int64_t{7}));
+    EXPECT_EQ(info.dictionary()->size(), 5u);
+    EXPECT_EQ(only<NowPlaying>("nowplaying duration=long").info["kMRMediaRemoteNowPlayingInfoDuration"],
+              foundation::PropertyList("long"));
+    EXPECT_EQ(only<NowPlaying>("nowplaying title=a=b").info["kMRMediaRemoteNowPlayingInfoTitle"],
+              foundation::PropertyList("a=b"));
+    for (const char* wrong : {"nowplaying", "nowplaying title", "nowplaying =x", "nowplaying none title=a",
+                              "nowplaying title=\"a"})
+        EXPECT_NE(errorOf(wrong), "") << wrong;
+}
+
 TEST(Script, RefusesBrokenQuotes) {
     EXPECT_EQ(errorOf("type \"open"), "test.phone:1: a quote is not closed");
     EXPECT_EQ(errorOf("type \"open\\"), "test.phone:1: a quote is not closed");

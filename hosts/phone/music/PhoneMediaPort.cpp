@@ -1,5 +1,6 @@
 #include "hosts/phone/music/PhoneMediaPort.h"
 
+#include "platform/media/CoverStore.h"
 #include "platform/media/MPUNowPlayingController.h"
 
 #include <algorithm>
@@ -20,6 +21,12 @@ PhoneMediaPort::PhoneMediaPort(std::shared_ptr<playback::PlaybackEngine> engine,
     players_.add(player_);
     setCurrent(this);
     volumeChanged(volume);
+    media::CoverStore::shared().clear();
+    if (library_)
+        libraryObserver_ = library_->addObserver([this] {
+            if (!library_->isScanning())
+                media::CoverStore::shared().clear();
+        });
 }
 
 PhoneMediaPort::~PhoneMediaPort() {

@@ -59,6 +59,7 @@ private:
     std::shared_ptr<playback::MusicLibrary> library_;
     media::SharedMediaItems noSongs_ = std::make_shared<const media::MediaItems>();
     playback::NowPlayingChoice players_;
+    foundation::Handle libraryObserver_;
     double volume_;
     Actions actions_;
 };

@@ -91,7 +91,8 @@ std::optional<RadioStation> RadioStations::fromInput(const std::string& name, co
     std::string url = trimmed(address);
     if (url.find("://") == std::string::npos)
         url = "http://" + url;
-    const std::string host = hostOf(url);
+    const bool broken = std::any_of(url.begin(), url.end(), [](unsigned char c) { return c <= 0x20; });
+    const std::string host = broken ? std::string() : hostOf(url);
     if (host.empty() || url.size() > longestText || name.size() > longestText)
         return std::nullopt;
     const std::string given = trimmed(name);

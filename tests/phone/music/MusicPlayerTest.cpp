@@ -50,7 +50,7 @@ struct Player : testing::Test {
     }
 
     foundation::VirtualRunLoop loop;
-    support::TemporaryDirectory directory;
+    tests::TemporaryDirectory directory;
     MusicPlayer player{std::make_shared<phone::VirtualPlaybackEngine>()};
     SharedMediaItems songs;
     std::int64_t identifiers = 0;

@@ -22,7 +22,7 @@ struct Stations : testing::Test {
     }
 
     foundation::FileManager& files = foundation::FileManager::shared();
-    support::TemporaryDirectory directory;
+    tests::TemporaryDirectory directory;
 };
 
 TEST_F(Stations, AreNoneOnABareDevice) {
