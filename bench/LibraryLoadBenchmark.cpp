@@ -17,7 +17,7 @@ double secondsToLoad() {
     foundation::VirtualRunLoop loop;
     foundation::RunLoop::setMain(&loop);
     const device::DeviceRoot root(std::nullopt);
-    root.fill(std::filesystem::path(VELA_SOURCE_DIR) / "resources");
+    root.fill(std::filesystem::path(VELA_SOURCE_DIR) / "resources/device");
     foundation::ProcessInfo::shared().mainBundleIdentifier = "com.apple.springboard";
     tests::TestHost host;
     const auto begin = std::chrono::steady_clock::now();

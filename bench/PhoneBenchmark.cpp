@@ -1,62 +1,15 @@
 // What the product costs in a running phone: a pass of the availability cycle, a step of a drag, the choice
 // of the automatic blur, and a phone that nobody touches. 375 × 667 points at 2 pixels a point.
 #include "bench/Percentiles.h"
-#include "hosts/phone/Phone.h"
-#include "hosts/device/DeviceRoot.h"
-#include "hosts/device/ExtensionLoader.h"
-#include "platform/foundation/FileManager.h"
-#include "platform/foundation/Log.h"
-#include "platform/foundation/VirtualRunLoop.h"
+#include "bench/RunningPhone.h"
 #include "platform/runtime/Message.h"
-#include "platform/toolkit/windows/WindowServer.h"
 
 #include <ctime>
 
-using foundation::PropertyList;
+using bench::RunningPhone;
 using toolkit::WindowServer;
 
 namespace {
-
-constexpr const char* preferencesPath = "/var/mobile/Library/Preferences/org.lanternhub.vela3.plist";
-
-/// Sixty keys, as someone has them who has switched the product off in many applications.
-PropertyList::Dictionary sixtyPreferences() {
-    PropertyList::Dictionary values{{"Enable", true},
-                                    {"Blur", "auto"},
-                                    {"Grabber height", "full"},
-                                    {"Sensibility", "normal"},
-                                    {"Autoscroll", true},
-                                    {"left_size_portrait", 0.8},
-                                    {"left_size_landscape", 0.5},
-                                    {"right_size_portrait", 0.8},
-                                    {"right_size_landscape", 0.5}};
-    for (int i = 0; values.size() < 60; ++i)
-        values["com.example.application" + std::to_string(i)] = i % 2 == 0;
-    return values;
-}
-
-/// The one phone of this process, launched with the extension.
-struct RunningPhone {
-    RunningPhone() : root(std::nullopt) {
-        foundation::setLogToStandardError(false);
-        foundation::RunLoop::setMain(&loop);
-        root.fill(std::filesystem::path(VELA_SOURCE_DIR) / "resources");
-        foundation::FileManager::shared().writeDictionaryAtomically(preferencesPath, sixtyPreferences());
-        phone = std::make_unique<phone::Phone>(phone::PhoneConfiguration{});
-        device::loadExtension(std::filesystem::path(VELA_BINARY_DIR) / "lib/Vela3.dylib");
-        phone->launch();
-        loop.advance(2);
-        WindowServer::shared().composeFrame();
-    }
-    static RunningPhone& shared() {
-        static auto& running = *new RunningPhone; // a phone is never torn down
-        return running;
-    }
-
-    foundation::VirtualRunLoop loop;
-    device::DeviceRoot root;
-    std::unique_ptr<phone::Phone> phone;
-};
 
 void AvailabilityPass(benchmark::State& state) {
     auto& running = RunningPhone::shared();
