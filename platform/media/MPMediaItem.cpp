@@ -16,6 +16,8 @@ MPMediaItem::MPMediaItem(const std::map<std::string, foundation::PropertyList>& 
     properties_.reserve(properties.size());
     for (const auto& [name, value] : properties)
         properties_.push_back({name, value});
+    if (const auto* identifier = storedProperty(MPMediaItemPropertyPersistentID))
+        persistentID_ = identifier->integerValue();
 }
 
 const foundation::PropertyList* MPMediaItem::storedProperty(std::string_view name) const {
@@ -38,11 +40,6 @@ foundation::PropertyList MPMediaItem::valueForProperty(std::string_view name) co
 std::string MPMediaItem::artist() const {
     const auto* artist = storedProperty(MPMediaItemPropertyArtist);
     return artist && artist->string() ? *artist->string() : std::string();
-}
-
-std::int64_t MPMediaItem::persistentID() const {
-    const auto* identifier = storedProperty(MPMediaItemPropertyPersistentID);
-    return identifier ? identifier->integerValue() : 0;
 }
 
 std::shared_ptr<MPMediaItemArtwork> MPMediaItem::artwork() const {

@@ -50,7 +50,7 @@ public:
     /// The property of that name, empty when absent.
     std::string artist() const;
     /// 0 for a song outside the library.
-    std::int64_t persistentID() const;
+    std::int64_t persistentID() const { return persistentID_; }
     /// The value of MPMediaItemPropertyArtwork; null for a song without a cover.
     std::shared_ptr<MPMediaItemArtwork> artwork() const;
 
@@ -60,6 +60,7 @@ private:
         foundation::PropertyList value;
     };
     std::vector<Property> properties_;
+    std::int64_t persistentID_ = 0;
     Cover cover_ = Cover::None;
 };
 

@@ -33,6 +33,8 @@ RunningPhone::RunningPhone(const Options& options, PhoneConfiguration configurat
     if (options.loadExtension)
         device::loadExtension(options.extension.value_or(device::installedExtension()));
     phone_.launch();
+    if (!options.headless)
+        sessionMusic_ = std::make_unique<SessionMusic>(phone_.music());
 }
 
 } // namespace phone

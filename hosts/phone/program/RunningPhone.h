@@ -7,6 +7,9 @@
 
 #include "hosts/phone/program/Options.h"
 #include "hosts/phone/program/PhoneScriptTarget.h"
+#include "hosts/phone/program/SessionMusic.h"
+
+#include <memory>
 
 namespace phone {
 
@@ -25,6 +28,7 @@ private:
     script::NotificationRecorder notifications_;
     Phone phone_;
     PhoneScriptTarget scriptTarget_;
+    std::unique_ptr<SessionMusic> sessionMusic_; // null for a headless phone, which is to itself
 };
 
 } // namespace phone
