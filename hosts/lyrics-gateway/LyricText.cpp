@@ -119,12 +119,12 @@ std::string tidied(std::string_view text) {
     const std::unique_ptr<char, void (*)(void*)> valid(
         g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())), g_free);
     std::string result;
-    for (std::string_view rest = valid.get(); !rest.empty(); rest.remove_prefix(1)) {
-        const char c = rest.front();
-        if (c == '\r')
-            result += rest.starts_with("\r\n") ? "" : "\n";
-        else if (c == '\n' || c == '\t' || !g_ascii_iscntrl(c))
-            result += c;
+    for (const char *at = valid.get(), *next = at; *at; at = next) {
+        next = g_utf8_next_char(at);
+        if (*at == '\r')
+            result += *next == '\n' ? "" : "\n";
+        else if (*at == '\n' || *at == '\t' || !g_unichar_iscntrl(g_utf8_get_char(at)))
+            result.append(at, next);
     }
     constexpr const char* space = " \t\n";
     result.erase(result.find_last_not_of(space) + 1);

@@ -43,7 +43,7 @@ TEST(LyricText, BoundsWhatRepetitionMakesOfIt) {
 
 TEST(LyricText, IsTidiedUp) {
     EXPECT_EQ(tidied("\n\n one\r\ntwo\rthree\n \n\n"), " one\ntwo\nthree");
-    EXPECT_EQ(tidied("a\x01\x1B[1mb\tc\x7F"), "a[1mb\tc");
+    EXPECT_EQ(tidied("a\x01\x1B[1mb\tc\x7F\xC2\x8A"), "a[1mb\tc");
     EXPECT_EQ(tidied("a\xFFz"), "a\uFFFDz");
     EXPECT_EQ(tidied({}), "");
     EXPECT_EQ(tidied(" \n\t\r\n"), "");

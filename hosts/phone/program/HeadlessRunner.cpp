@@ -3,6 +3,7 @@
 #include "hosts/device/ProgramError.h"
 #include "hosts/phone/program/RunningPhone.h"
 #include "hosts/script/ScriptPlayer.h"
+#include "platform/foundation/URLSession.h"
 #include "platform/foundation/VirtualRunLoop.h"
 
 namespace phone {
@@ -15,6 +16,7 @@ constexpr double slack = 60;
 } // namespace
 
 void runHeadless(const Options& options, const script::Script& script) {
+    foundation::URLSession::setReach(foundation::URLSession::Reach::ThisMachine);
     // Both live until the process ends: the extension's timers and windows refer to them.
     auto& loop = *new foundation::VirtualRunLoop;
     foundation::RunLoop::setMain(&loop);

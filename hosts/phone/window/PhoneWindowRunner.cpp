@@ -1,6 +1,8 @@
 #include "hosts/phone/window/PhoneWindowRunner.h"
 
+#include "hosts/device/LyricsGatewayProcess.h"
 #include "hosts/device/ProgramError.h"
+#include "hosts/phone/program/MusicSetup.h"
 #include "hosts/phone/program/RunningPhone.h"
 #include "hosts/phone/program/SettingsProgram.h"
 #include "hosts/phone/window/PhoneWindow.h"
@@ -33,6 +35,14 @@ PhoneConfiguration configurationOf(const Options& options) {
     return configuration;
 }
 
+/// Where texts of lyrics may lie: the user's own folder for them, and beside the music.
+std::vector<std::filesystem::path> lyricDirectories(const Options& options) {
+    std::vector<std::filesystem::path> directories{device::LyricsGatewayProcess::userDirectory()};
+    if (const auto music = musicDirectory(options))
+        directories.push_back(*music);
+    return directories;
+}
+
 gboolean stopLoop(gpointer loop) {
     static_cast<foundation::GlibRunLoop*>(loop)->stop();
     return G_SOURCE_CONTINUE;
@@ -53,6 +63,7 @@ void runInWindow(const Options& options, const std::optional<script::Script>& sc
     auto& running = *new RunningPhone(options, configurationOf(options));
     auto& window = *new PhoneWindow(running.phone(), loop, options.screenSize, [&loop] { loop.stop(); });
     window.present();
+    const device::LyricsGatewayProcess lyricsGateway(lyricDirectories(options));
 
     std::optional<script::ScriptError> failure;
     std::optional<script::ScriptPlayer> player;
