@@ -53,7 +53,8 @@ bool isUtf8(std::string_view text) {
     return g_utf8_validate_len(text.data(), text.size(), nullptr);
 }
 
-std::string repairedUtf8(std::string_view text) {
+/// Sound UTF-8, without zeros.
+std::string repairedUtf8(const std::string& text) {
     return Text(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()))).get();
 }
 
@@ -66,7 +67,7 @@ std::optional<std::string> converted(std::string_view text, const std::string& c
 
 std::string decoded(std::string_view text, std::string charset) {
     if (charset == "utf-8" || charset == "utf8" || (charset.empty() && isUtf8(text)))
-        return repairedUtf8(text);
+        return std::string(text);
     // Whoever says these means the larger set that contains them.
     if (charset == "iso-8859-1" || charset == "latin1" || charset == "us-ascii" || charset == "ascii")
         charset = westernEuropean;
@@ -77,16 +78,14 @@ std::string decoded(std::string_view text, std::string charset) {
     return {};
 }
 
-} // namespace
-
-std::string htmlText(std::span<const std::uint8_t> bytes, std::string_view contentType) {
+std::string decodedAsDeclared(std::span<const std::uint8_t> bytes, std::string_view contentType) {
     using namespace std::string_view_literals;
     if (bytes.empty())
         return {};
     const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     constexpr auto utf8Mark = "\xEF\xBB\xBF"sv, littleMark = "\xFF\xFE"sv, bigMark = "\xFE\xFF"sv;
     if (text.starts_with(utf8Mark))
-        return repairedUtf8(text.substr(utf8Mark.size()));
+        return std::string(text.substr(utf8Mark.size()));
     if (text.starts_with(littleMark))
         return decoded(text.substr(littleMark.size()), "utf-16le");
     if (text.starts_with(bigMark))
@@ -95,6 +94,12 @@ std::string htmlText(std::span<const std::uint8_t> bytes, std::string_view conte
     if (charset.empty())
         charset = declaredCharset(text.substr(0, declarationReach));
     return decoded(text, charset);
+}
+
+} // namespace
+
+std::string htmlText(std::span<const std::uint8_t> bytes, std::string_view contentType) {
+    return repairedUtf8(decodedAsDeclared(bytes, contentType));
 }
 
 } // namespace web

@@ -10,7 +10,8 @@ namespace web {
 
 /// The page in UTF-8. What counts is, in this order, a byte order mark, the header's charset, the page's own
 /// first charset declaration; without any of them a page that is no sound UTF-8 is taken for Western
-/// European. Any bytes give some text. `contentType` is the header's value.
+/// European. Any bytes give some text; zeros in
+/// it become replacement characters. `contentType` is the header's value.
 std::string htmlText(std::span<const std::uint8_t> bytes, std::string_view contentType);
 
 } // namespace web

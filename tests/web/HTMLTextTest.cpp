@@ -49,6 +49,11 @@ TEST(HTMLText, RepairsBrokenUtf8) {
               "a\uFFFDb");
 }
 
+TEST(HTMLText, ReplacesZeros) {
+    for (const char* type : {"", "charset=utf-8", "charset=koi8-r"})
+        EXPECT_EQ(read(std::string("a\0b", 3), type), "a\uFFFDb") << type;
+}
+
 TEST(HTMLText, MakesSomeTextOfAnyBytes) {
     std::string all;
     for (int byte = 0; byte < 256; ++byte)

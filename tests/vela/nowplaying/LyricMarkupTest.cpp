@@ -25,6 +25,8 @@ TEST(LyricMarkup, LosesTheCharacterBeforeTheCut) {
     EXPECT_EQ(textOfLyricMarkup("{\"content\":\"<p>abc,\"media\":1}"), "ab");
     EXPECT_EQ(textOfLyricMarkup("{\"content\":\"<p>,\"media\":1}"), "");
     EXPECT_EQ(textOfLyricMarkup(",\"media\"\"content\""), "");
+    EXPECT_EQ(textOfLyricMarkup("{\"content\":\"<p>abé,\"media\":1}"), "ab");
+    EXPECT_EQ(textOfLyricMarkup("{\"content\":\"<p>ab歌,\"media\":1}"), "ab");
 }
 
 TEST(LyricMarkup, IsCutAtTheFirstPlace) {
