@@ -7,7 +7,7 @@
 namespace notesplugin::look {
 
 inline constexpr vela::plugin::Color card{0, 0, 0, 0.52};
-inline constexpr vela::plugin::Color pressedCard{0.22, 0.22, 0.24, 0.75};
+inline constexpr vela::plugin::Color pressedCard{0, 0, 0, 0.78};
 inline constexpr vela::plugin::Color secondaryText = vela::plugin::Color::white(1, 0.72);
 inline constexpr double cornerRadius = 12;
 inline constexpr double gap = 8;
