@@ -1,7 +1,7 @@
 #include "hosts/media/library/LibraryScan.h"
 
 #include "hosts/media/library/DirectoryWalk.h"
-#include "hosts/media/library/TagReader.h"
+#include "hosts/media/library/TagProcess.h"
 #include "platform/foundation/Log.h"
 
 #include <algorithm>
@@ -75,11 +75,12 @@ std::vector<MusicFile> LibraryScan::takeKnown(std::vector<MusicFile> files) {
 }
 
 void LibraryScan::readFiles(const std::vector<MusicFile>& files) {
+    TagProcess reader;
     std::size_t nextPublishing = entries_.size() + std::max(firstSongs, entries_.size() / 2);
     for (const MusicFile& file : files) {
         if (cancelled_)
             return;
-        entries_.push_back({file, readTags(file.path)});
+        entries_.push_back({file, reader.read(file.path)});
         if (entries_.size() < nextPublishing)
             continue;
         nextPublishing += std::max(firstSongs, entries_.size() / 2);

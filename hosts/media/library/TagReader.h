@@ -1,7 +1,8 @@
 // Tags, covers and words of audio files.
 //
-// Files are hostile: whatever they hold, reading ends, takes bounded memory, and answers what can be used or
-// nothing. Any thread.
+// Files are hostile: whatever they hold, no more than a share of them is read, and what is answered can be
+// used. The library that reads them cannot be trusted with everything, though: files of which nothing is
+// known are read by a process of their own (see TagProcess.h). Any thread.
 #pragma once
 
 #include "hosts/media/library/SongTags.h"

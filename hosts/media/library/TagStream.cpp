@@ -11,7 +11,7 @@ namespace playback {
 namespace {
 
 /// Enough for a song's tags with the largest covers that people put there.
-constexpr unsigned long bytesToRead = 64UL * 1024 * 1024;
+constexpr unsigned long bytesToRead = 24UL * 1024 * 1024;
 
 } // namespace
 
