@@ -230,6 +230,10 @@ std::vector<std::string> Phone::applicationIdentifiers() const {
     return identifiers;
 }
 
+const std::vector<std::string>& Phone::openedAddresses() const {
+    return state_->presenter.openedAddresses();
+}
+
 int Phone::hudCount() const {
     return state_->hudCount;
 }

@@ -7,6 +7,7 @@
 
 #include "hosts/media/MusicLibrary.h"
 #include "hosts/media/PlaybackEngine.h"
+#include "hosts/phone/OutsideWorld.h"
 #include "platform/homescreen/HostPort.h"
 #include "platform/homescreen/SpringBoard.h"
 #include "platform/toolkit/windows/UIDevice.h"
@@ -35,6 +36,8 @@ struct PhoneConfiguration {
     /// Called when the settings are opened by their icon, for whoever shows more of them than the phone does.
     /// May be empty.
     std::function<void()> settingsOpened;
+    /// For messages and pages that are opened outside the phone.
+    OutsideWorld outside;
     /// What makes music sound; without one playing is silent, and time passes on the run loop's clock.
     std::shared_ptr<playback::PlaybackEngine> playbackEngine;
     /// The phone's songs; null for a phone without any.
@@ -79,6 +82,8 @@ public:
     std::vector<std::string> applicationIdentifiers() const;
     /// Volume displays shown since the start.
     int hudCount() const;
+    /// Addresses that were to be opened outside the phone since the start.
+    const std::vector<std::string>& openedAddresses() const;
     homescreen::SpringBoard& springBoard() const;
     /// The phone's library and player.
     PhoneMediaPort& music() const;

@@ -33,7 +33,8 @@ PhoneState::PhoneState(PhoneConfiguration newConfiguration, std::function<void()
       clock(configuration.wallClock, configuration.secondsFromUtc),
       music(engineOf(configuration), configuration.musicLibrary, volume,
             {[this](double newVolume) { setVolume(newVolume); }, std::move(openPlayer)}),
-      stage(std::make_shared<ApplicationStage>(makeInstalledApplications(clock, music))) {}
+      stage(std::make_shared<ApplicationStage>(makeInstalledApplications(clock, music))),
+      presenter(configuration.outside, *stage) {}
 
 unsigned PhoneState::supportedOrientations() const {
     const auto& front = stage->front();
@@ -53,6 +54,7 @@ bool PhoneState::updateInterfaceOrientation() {
         WindowServer::shared().setInterfaceOrientation(static_cast<int>(wanted), rotationDuration);
         screens->fitScreen();
         stage->fitScreen();
+        presenter.fitScreen();
     }
     if (const auto& front = stage->front())
         front->setStatusBarOrientation(interfaceOrientation);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "hosts/phone/Phone.h"
+#include "hosts/phone/PhonePresenter.h"
 #include "hosts/phone/PhoneScreens.h"
 #include "hosts/phone/music/PhoneMediaPort.h"
 
@@ -36,6 +37,7 @@ struct PhoneState {
     double volume = 0.5;
     PhoneMediaPort music;
     std::shared_ptr<ApplicationStage> stage;
+    PhonePresenter presenter;
     std::unique_ptr<PhoneScreens> screens; // null until the launch
     std::shared_ptr<Application> active;   // in front, seen and unlocked
     std::int64_t interfaceOrientation = 1;

@@ -188,6 +188,7 @@ json describeState(const HostState& host, const std::vector<foundation::Notifica
                {"display", host.displayOn},
                {"keyboard", describe(host.keyboard)},
                {"hud", host.hudCount},
+               {"opened", host.openedAddresses},
                {"nowPlaying", describeNowPlaying()},
                {"log", foundation::loggedLines()},
                {"notifications", json::array()},

@@ -28,7 +28,8 @@ struct HostState {
     bool locked = false;
     bool displayOn = true;
     toolkit::Rect keyboard;
-    int hudCount = 0; // volume displays shown since the start
+    int hudCount = 0;                         // volume displays shown since the start
+    std::vector<std::string> openedAddresses; // outside the phone, since the start
 };
 
 /// Lays out what is marked, and describes everything.

@@ -118,7 +118,8 @@ PhoneScriptTarget::Failure PhoneScriptTarget::writeState(const std::string& file
                                  phone_.isLocked(),
                                  phone_.isDisplayOn(),
                                  phone_.visibleKeyboardFrame(),
-                                 phone_.hudCount()};
+                                 phone_.hudCount(),
+                                 phone_.openedAddresses()};
     const std::string text = script::writeJson(script::describeState(host, recorder_.notifications()));
     return writeFile(fileName, text.data(), text.size());
 }

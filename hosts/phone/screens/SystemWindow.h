@@ -25,6 +25,7 @@ namespace levels {
 inline constexpr double home = 0;
 inline constexpr double application = 0;
 inline constexpr double switcher = 500;
+inline constexpr double presented = 600;
 inline constexpr double statusBar = 1000;
 inline constexpr double lockScreen = 1050;
 inline constexpr double keyboard = 1100;

@@ -8,6 +8,7 @@
 #include "hosts/phone/window/PhoneWindow.h"
 #include "hosts/script/ScriptPlayer.h"
 
+#include <gio/gio.h>
 #include <glib-unix.h>
 
 #include <csignal>
@@ -23,6 +24,22 @@ long secondsEastOfUtc() {
     return localtime_r(&now, &local) ? local.tm_gmtoff : 0;
 }
 
+/// The desktop's own choice of programs.
+OutsideWorld desktop() {
+    OutsideWorld outside;
+    outside.canOpen = [](const std::string& address) {
+        const std::string scheme = address.substr(0, address.find(':'));
+        GAppInfo* program = g_app_info_get_default_for_uri_scheme(scheme.c_str());
+        const bool found = program != nullptr;
+        g_clear_object(&program);
+        return found;
+    };
+    outside.open = [](const std::string& address) {
+        g_app_info_launch_default_for_uri(address.c_str(), nullptr, nullptr);
+    };
+    return outside;
+}
+
 PhoneConfiguration configurationOf(const Options& options) {
     PhoneConfiguration configuration = RunningPhone::configurationOf(options);
     // The pages are the extension's.
@@ -30,6 +47,7 @@ PhoneConfiguration configurationOf(const Options& options) {
         configuration.settingsOpened = [settings = std::make_shared<SettingsProgram>(options)] {
             settings->show();
         };
+    configuration.outside = desktop();
     configuration.wallClock = [] { return std::time(nullptr); };
     configuration.secondsFromUtc = secondsEastOfUtc();
     return configuration;
