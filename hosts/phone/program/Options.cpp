@@ -189,8 +189,8 @@ clock without a display.
   --system-version V    the system version that the phone names (default: 9.3)
   --root DIR            the directory that is the device's disk (default: vela3/device in the user's data
                         directory; headless, a temporary one that is removed at the end)
-  --music DIR           look for music in this directory (default: the user's own music directory;
-                        headless, none)
+  --music DIR           look for music in this directory (default: the user's own music directory or, when that
+                        holds none, a few songs that come with the program; headless, none)
   --extension FILE      load this extension instead of the installed one
   --no-extension        load no extension
   --no-plugins          do not bring the phone's own plug-ins to the device

@@ -33,8 +33,12 @@ RunningPhone::RunningPhone(const Options& options, PhoneConfiguration configurat
     if (options.loadExtension)
         device::loadExtension(options.extension.value_or(device::installedExtension()));
     phone_.launch();
-    if (!options.headless)
-        sessionMusic_ = std::make_unique<SessionMusic>(phone_.music());
+    if (options.headless)
+        return;
+    sessionMusic_ = std::make_unique<SessionMusic>(phone_.music());
+    if (!options.musicDirectory)
+        demonstration_ = std::make_unique<DemonstrationMusic>(
+            configuration.musicLibrary, device::resourceDirectory() / "music" / "songs");
 }
 
 } // namespace phone

@@ -5,6 +5,7 @@
 // process ends.
 #pragma once
 
+#include "hosts/phone/program/DemonstrationMusic.h"
 #include "hosts/phone/program/Options.h"
 #include "hosts/phone/program/PhoneScriptTarget.h"
 #include "hosts/phone/program/SessionMusic.h"
@@ -28,7 +29,8 @@ private:
     script::NotificationRecorder notifications_;
     Phone phone_;
     PhoneScriptTarget scriptTarget_;
-    std::unique_ptr<SessionMusic> sessionMusic_; // null for a headless phone, which is to itself
+    std::unique_ptr<DemonstrationMusic> demonstration_; // null when the command line says where music is
+    std::unique_ptr<SessionMusic> sessionMusic_;        // null for a headless phone, which is to itself
 };
 
 } // namespace phone
