@@ -38,7 +38,9 @@ void PSListItemsController::selectSpecifier(const std::shared_ptr<PSSpecifier>& 
     if (value.isNil())
         return;
     specifier()->performSetterWithValue(value);
-    reloadSpecifiers();
+    // Another one is checked; the list stays as it is.
+    for (const auto& shown : specifiers())
+        reloadSpecifier(shown);
 }
 
 bool PSListItemsController::isSpecifierChecked(const std::shared_ptr<PSSpecifier>& choice) {
