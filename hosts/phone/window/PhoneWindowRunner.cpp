@@ -1,5 +1,6 @@
 #include "hosts/phone/window/PhoneWindowRunner.h"
 
+#include "hosts/device/InstalledFiles.h"
 #include "hosts/device/LyricsGatewayProcess.h"
 #include "hosts/device/ProgramError.h"
 #include "hosts/phone/program/MusicSetup.h"
@@ -53,11 +54,14 @@ PhoneConfiguration configurationOf(const Options& options) {
     return configuration;
 }
 
-/// Where texts of lyrics may lie: the user's own folder for them, and beside the music.
+/// Where texts of lyrics may lie: the user's own folder for them, beside the music, and, with those songs,
+/// the words of the songs that come with the program.
 std::vector<std::filesystem::path> lyricDirectories(const Options& options) {
     std::vector<std::filesystem::path> directories{device::LyricsGatewayProcess::userDirectory()};
     if (const auto music = musicDirectory(options))
         directories.push_back(*music);
+    if (!options.musicDirectory)
+        directories.push_back(device::resourceDirectory() / "music" / "lyrics");
     return directories;
 }
 
