@@ -39,7 +39,7 @@ void PSListItemsController::selectSpecifier(const std::shared_ptr<PSSpecifier>& 
         return;
     specifier()->performSetterWithValue(value);
     // Another one is checked; the list stays as it is.
-    for (const auto& shown : specifiers())
+    for (const auto& shown : sections().front().rows)
         reloadSpecifier(shown);
 }
 

@@ -20,6 +20,7 @@ struct Expected {
     double height;
     bool fromLeft;
     const char* firstKey;
+    friend void PrintTo(const Expected& expected, std::ostream* out) { *out << expected.cellClass; }
 };
 
 struct PreviewCell : tests::SettingsTest, testing::WithParamInterface<Expected> {
