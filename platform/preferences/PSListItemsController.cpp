@@ -39,8 +39,9 @@ void PSListItemsController::selectSpecifier(const std::shared_ptr<PSSpecifier>& 
         return;
     specifier()->performSetterWithValue(value);
     // Another one is checked; the list stays as it is.
-    for (const auto& shown : sections().front().rows)
-        reloadSpecifier(shown);
+    for (const auto& shown : specifiers())
+        if (!shown->isGroup())
+            reloadSpecifier(shown);
 }
 
 bool PSListItemsController::isSpecifierChecked(const std::shared_ptr<PSSpecifier>& choice) {
