@@ -1,5 +1,9 @@
 # The code that speaks a Wayland protocol, made from the protocol's description.
 
+pkg_check_modules(WAYLAND REQUIRED IMPORTED_TARGET wayland-client xkbcommon gio-unix-2.0)
+pkg_get_variable(WAYLAND_SCANNER wayland-scanner wayland_scanner)
+pkg_get_variable(WAYLAND_PROTOCOLS wayland-protocols pkgdatadir)
+
 # Where the descriptions of the protocols of wlroots lie: Debian has them in librust-wayland-protocols-dev, whose folder
 # is named after its version.
 file(GLOB VELA_WLR_PROTOCOL_FOLDERS /usr/share/wlr-protocols/unstable

@@ -39,6 +39,7 @@ public:
         waitForEnd();
     }
     bool started() const { return started_; }
+    GPid processId() const { return pid_; }
     /// Whether it has not ended by itself so far.
     bool isRunning() const {
         siginfo_t information{};

@@ -27,7 +27,7 @@ constexpr int steps = 5;
 
 const runtime::Message<std::shared_ptr<UIWindow>()> leftGrabberWindow{"leftGrabberWindow"};
 const runtime::Message<std::shared_ptr<UIWindow>()> rightGrabberWindow{"rightGrabberWindow"};
-const runtime::Message<void()> dismissVela{"dismissVela"};
+const runtime::Message<void()> dismissControllerWithTap{"dismissControllerWithTap"};
 
 constexpr Side other(Side side) {
     return side == Side::Left ? Side::Right : Side::Left;
@@ -46,6 +46,19 @@ bool isOnScreen(Side side) {
     const UIWindow* panel = panelOf(side);
     return panel && !panel->isHidden() &&
            !panel->frame().intersection(UIScreen::mainScreen().bounds()).isEmpty();
+}
+
+/// Whether any of it is on the screen now, on its way in or out.
+bool isSeen(Side side) {
+    const UIWindow* panel = panelOf(side);
+    if (!panel || panel->isHidden())
+        return false;
+    const auto bounds = std::get<Rect>(panel->layer()->presented(toolkit::LayerProperty::Bounds));
+    return !panel->layer()
+                ->presentedToParent()
+                .apply(bounds)
+                .intersection(UIScreen::mainScreen().bounds())
+                .isEmpty();
 }
 
 } // namespace
@@ -84,10 +97,8 @@ void Panels::lookAgain() {
         showNext();
 }
 
-/// The panel that is sent away is hidden when its animation has ended.
 void Panels::showNext() {
-    const UIWindow* leaving = panelOf(other(*next_));
-    if (!leaving || leaving->isHidden())
+    if (!isSeen(other(*next_)))
         pull(*std::exchange(next_, std::nullopt));
 }
 
@@ -102,11 +113,13 @@ bool Panels::show(Side side) {
     return true;
 }
 
-bool Panels::pull(Side side) {
+std::shared_ptr<UIWindow> Panels::grabberOf(Side side) const {
     const auto& message = side == Side::Left ? leftGrabberWindow : rightGrabberWindow;
-    if (!runtime::respondsTo(springBoard_, message.selector()))
-        return false;
-    const std::shared_ptr<UIWindow> grabber = message(springBoard_);
+    return runtime::respondsTo(springBoard_, message.selector()) ? message(springBoard_) : nullptr;
+}
+
+bool Panels::pull(Side side) {
+    const std::shared_ptr<UIWindow> grabber = grabberOf(side);
     if (!grabber)
         return false;
     const Point start = grabber->frame().center();
@@ -121,10 +134,13 @@ bool Panels::pull(Side side) {
     return look() == side;
 }
 
+/// As a tap beside the panel does.
 void Panels::dismiss() {
     next_.reset();
-    if (runtime::respondsTo(springBoard_, dismissVela.selector()))
-        dismissVela(springBoard_);
+    const auto side = look();
+    const std::shared_ptr<UIWindow> grabber = side ? grabberOf(*side) : nullptr;
+    if (grabber && runtime::respondsTo(*grabber, dismissControllerWithTap.selector()))
+        dismissControllerWithTap(*grabber);
 }
 
 bool Panels::toggle(Side side) {

@@ -36,6 +36,7 @@ public:
 private:
     std::optional<Side> look() const;
     void lookAgain();
+    std::shared_ptr<toolkit::UIWindow> grabberOf(Side side) const;
     bool pull(Side side);
     void showNext();
 

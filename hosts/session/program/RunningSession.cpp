@@ -44,6 +44,9 @@ RunningSession::RunningSession(const Options& options, foundation::GlibRunLoop& 
     device::loadExtension(options.extension.value_or(device::installedExtension()));
     homeScreen_.launch();
     loop_.endTurn();
+    // Whoever finds the host on the bus finds the grabbers on the screen.
+    connection_->roundtrip();
+    connection_->roundtrip();
 }
 
 // ---- The compositor
@@ -52,8 +55,8 @@ void RunningSession::connect() {
     connection_ = std::make_unique<Connection>();
     connection_->serve([this] { loop_.endTurn(); }, [this] { connectionLost(); });
     Globals& globals = connection_->globals();
-    if (globals.toplevels)
-        toplevels_ = std::make_unique<Toplevels>(*globals.toplevels,
+    if (auto toplevels = globals.bindToplevels())
+        toplevels_ = std::make_unique<Toplevels>(std::move(toplevels),
                                                  [this] { homeScreen_.setFront(toplevels_->front()); });
     else
         foundation::log(

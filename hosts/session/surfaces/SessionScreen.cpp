@@ -42,8 +42,8 @@ SessionScreen::SessionScreen(Connection& connection, Callbacks callbacks)
       callbacks_(std::move(callbacks)),
       pixels_(connection.globals()),
       glass_(*connection.globals().shm) {
-    if (connection.globals().seat)
-        seat_ = std::make_unique<Seat>(*connection.globals().seat, *this);
+    if (auto seat = connection.globals().bindSeat())
+        seat_ = std::make_unique<Seat>(std::move(seat), *this);
     reportMissingProtocols();
     commitHook_ =
         foundation::RunLoop::main().addTurnHook(foundation::TurnPhase::Commit, [this] { present(); });

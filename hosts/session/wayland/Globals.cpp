@@ -48,9 +48,10 @@ void Globals::announced(std::uint32_t name, const std::string& interface, std::u
     bind(viewporter, wp_viewporter_interface, 1);
     bind(singlePixelBuffers, wp_single_pixel_buffer_manager_v1_interface, 1);
     bind(screencopy, zwlr_screencopy_manager_v1_interface, 3);
-    bind(toplevels, zwlr_foreign_toplevel_manager_v1_interface, 3);
-    if (bind(seat, wl_seat_interface, 5))
-        seatName_ = name;
+    if (interface == wl_seat_interface.name && seat_.name == 0)
+        seat_ = {name, version};
+    if (interface == zwlr_foreign_toplevel_manager_v1_interface.name)
+        toplevels_ = {name, version};
     const bool describes = bind(xdgOutputs, zxdg_output_manager_v1_interface, 3);
     const bool powers = bind(outputPower, zwlr_output_power_manager_v1_interface, 1);
     if (describes || powers)
@@ -58,6 +59,23 @@ void Globals::announced(std::uint32_t name, const std::string& interface, std::u
             describe(*output);
     if (interface == wl_output_interface.name)
         bindOutput(name, version);
+}
+
+template <class Object>
+Proxy<Object> Globals::bindOffered(Offer offer, const wl_interface& wanted, std::uint32_t highest) {
+    if (offer.name == 0)
+        return nullptr;
+    return Proxy<Object>(static_cast<Object*>(
+        wl_registry_bind(registry_.get(), offer.name, &wanted, std::min(highest, offer.version))));
+}
+
+Proxy<wl_seat> Globals::bindSeat() {
+    return bindOffered<wl_seat>(seat_, wl_seat_interface, 5);
+}
+
+Proxy<zwlr_foreign_toplevel_manager_v1> Globals::bindToplevels() {
+    return bindOffered<zwlr_foreign_toplevel_manager_v1>(toplevels_,
+                                                         zwlr_foreign_toplevel_manager_v1_interface, 3);
 }
 
 void Globals::bindOutput(std::uint32_t name, std::uint32_t version) {
@@ -78,8 +96,8 @@ void Globals::describe(Output& output) {
 }
 
 void Globals::removed(std::uint32_t name) {
-    if (name == seatName_)
-        seat.reset();
+    if (name == seat_.name)
+        seat_ = {};
     const auto gone =
         std::erase_if(outputs_, [name](const auto& output) { return output->globalName() == name; });
     if (gone > 0 && outputsChanged_)

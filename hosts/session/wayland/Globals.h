@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+struct wl_interface;
+
 namespace session {
 
 class Globals {
@@ -27,10 +29,13 @@ public:
     Proxy<wp_viewporter> viewporter;
     Proxy<wp_single_pixel_buffer_manager_v1> singlePixelBuffers;
     Proxy<zwlr_screencopy_manager_v1> screencopy;
-    Proxy<zwlr_foreign_toplevel_manager_v1> toplevels;
     Proxy<zwlr_output_power_manager_v1> outputPower;
     Proxy<zxdg_output_manager_v1> xdgOutputs;
-    Proxy<wl_seat> seat; // the first one
+
+    // These tell of what there is as soon as they are bound: whoever binds one has to listen at once. Null
+    // where there is none.
+    Proxy<wl_seat> bindSeat(); // the first one
+    Proxy<zwlr_foreign_toplevel_manager_v1> bindToplevels();
 
     /// In the order in which they came.
     const std::vector<std::unique_ptr<Output>>& outputs() const { return outputs_; }
@@ -42,13 +47,20 @@ public:
     void removed(std::uint32_t name);
 
 private:
+    struct Offer {
+        std::uint32_t name = 0;
+        std::uint32_t version = 0;
+    };
+    template <class Object>
+    Proxy<Object> bindOffered(Offer offer, const wl_interface& wanted, std::uint32_t highest);
     void bindOutput(std::uint32_t name, std::uint32_t version);
     void describe(Output& output);
 
     Proxy<wl_registry> registry_;
     std::vector<std::unique_ptr<Output>> outputs_;
     std::function<void()> outputsChanged_;
-    std::uint32_t seatName_ = 0;
+    Offer seat_;
+    Offer toplevels_;
 };
 
 } // namespace session

@@ -115,8 +115,8 @@ struct Seat::Listener {
     static constexpr wl_keyboard_listener keyboard{keymap, focused, unfocused, key, modifiers, repeat};
 };
 
-Seat::Seat(wl_seat& seat, InputReceiver& receiver) : seat_(seat), receiver_(receiver) {
-    wl_seat_add_listener(&seat_, &Listener::seat, this);
+Seat::Seat(Proxy<wl_seat> seat, InputReceiver& receiver) : seat_(std::move(seat)), receiver_(receiver) {
+    wl_seat_add_listener(seat_.get(), &Listener::seat, this);
 }
 
 Seat::~Seat() = default;
@@ -128,7 +128,7 @@ void Seat::takeCapabilities(std::uint32_t capabilities) {
         if (!there) {
             device.reset();
         } else if (!device) {
-            device.reset(get(&seat_));
+            device.reset(get(seat_.get()));
             addListener(device.get(), &listener, this);
         }
     };

@@ -9,8 +9,8 @@ namespace session {
 
 class Seat {
 public:
-    /// Both outlive this object.
-    Seat(wl_seat& seat, InputReceiver& receiver);
+    /// The receiver outlives this object.
+    Seat(Proxy<wl_seat> seat, InputReceiver& receiver);
     ~Seat();
     Seat(const Seat&) = delete;
     Seat& operator=(const Seat&) = delete;
@@ -20,7 +20,7 @@ private:
     friend struct Listener;
     void takeCapabilities(std::uint32_t capabilities);
 
-    wl_seat& seat_;
+    Proxy<wl_seat> seat_;
     InputReceiver& receiver_;
     Proxy<wl_pointer> pointer_;
     Proxy<wl_touch> touch_;

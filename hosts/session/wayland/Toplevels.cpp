@@ -57,9 +57,9 @@ struct Toplevels::Listener {
     static constexpr zwlr_foreign_toplevel_manager_v1_listener manager{added, finished};
 };
 
-Toplevels::Toplevels(zwlr_foreign_toplevel_manager_v1& manager, std::function<void()> changed)
-    : changed_(std::move(changed)) {
-    zwlr_foreign_toplevel_manager_v1_add_listener(&manager, &Listener::manager, this);
+Toplevels::Toplevels(Proxy<zwlr_foreign_toplevel_manager_v1> manager, std::function<void()> changed)
+    : manager_(std::move(manager)), changed_(std::move(changed)) {
+    zwlr_foreign_toplevel_manager_v1_add_listener(manager_.get(), &Listener::manager, this);
 }
 
 Toplevels::~Toplevels() = default;

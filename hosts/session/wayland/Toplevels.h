@@ -12,8 +12,8 @@ namespace session {
 
 class Toplevels {
 public:
-    /// The manager outlives this object; `changed` is called when another application has come to the front.
-    Toplevels(zwlr_foreign_toplevel_manager_v1& manager, std::function<void()> changed);
+    /// `changed` is called when another application has come to the front.
+    Toplevels(Proxy<zwlr_foreign_toplevel_manager_v1> manager, std::function<void()> changed);
     ~Toplevels();
     Toplevels(const Toplevels&) = delete;
     Toplevels& operator=(const Toplevels&) = delete;
@@ -30,6 +30,7 @@ private:
     friend struct Listener;
     void update();
 
+    Proxy<zwlr_foreign_toplevel_manager_v1> manager_;
     std::function<void()> changed_;
     std::vector<std::unique_ptr<Toplevel>> toplevels_;
     std::string front_;

@@ -1,0 +1,89 @@
+#include "tests/session/HeadlessCompositor.h"
+
+#include "tests/session/Patience.h"
+
+#include <fstream>
+
+#include <unistd.h>
+
+namespace tests {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr uid_t nobody = 65534;
+
+bool isRoot() {
+    return geteuid() == 0;
+}
+
+} // namespace
+
+HeadlessCompositor::HeadlessCompositor(Screen screen, Kind kind) : screen_(std::move(screen)), kind_(kind) {
+    fs::permissions(directory_.path(), fs::perms::owner_all);
+    if (isRoot() && chown(directory_.path().c_str(), nobody, nobody) != 0)
+        return;
+    writeConfiguration();
+    start();
+}
+
+void HeadlessCompositor::writeConfiguration() const {
+    const std::string mode = std::to_string(screen_.width) + "x" + std::to_string(screen_.height);
+    std::ofstream sway(directory_.path() / "sway.conf");
+    sway << "output HEADLESS-1 mode " << mode << " position 0 0 scale " << screen_.scale << " transform "
+         << screen_.transform << " bg #336699 solid_color\n"
+         << "default_border none\nfocus_follows_mouse no\nxwayland disable\n";
+    std::ofstream phoc(directory_.path() / "phoc.ini");
+    phoc << "[core]\nxwayland=false\n[output:HEADLESS-1]\nmode=" << mode << "\nscale=" << screen_.scale
+         << "\nrotate=" << screen_.transform << "\n";
+}
+
+std::vector<std::string> HeadlessCompositor::commandLine() const {
+    std::vector<std::string> command;
+    if (isRoot())
+        command = {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"};
+    const std::vector<std::string> program =
+        kind_ == Kind::Sway ? std::vector<std::string>{"sway", "-c", directory_.path() / "sway.conf"}
+                            : std::vector<std::string>{"phoc", "-C", directory_.path() / "phoc.ini", "-S"};
+    command.insert(command.end(), program.begin(), program.end());
+    return command;
+}
+
+bool HeadlessCompositor::start() {
+    const fs::path socket = directory_.path() / display();
+    std::error_code error;
+    fs::remove(socket, error);
+    fs::remove(directory_.path() / (display() + ".lock"), error);
+    process_ = std::make_unique<support::BackgroundProcess>(
+        commandLine(),
+        std::vector<std::string>{"XDG_RUNTIME_DIR=" + directory_.path().string(),
+                                 "HOME=" + directory_.path().string(), "WLR_BACKENDS=headless",
+                                 "WLR_RENDERER=pixman", "WLR_LIBINPUT_NO_DEVICES=1",
+                                 "WAYLAND_DISPLAY=", "SWAYSOCK=" + (directory_.path() / "ipc").string()});
+    // Once a picture can be taken the output stands.
+    started_ = process_->started() &&
+               eventually([&] { return fs::exists(socket) && takePicture(directory_.path() / "first.png"); });
+    return started_;
+}
+
+void HeadlessCompositor::stop() {
+    process_.reset();
+    started_ = false;
+}
+
+std::vector<std::string> HeadlessCompositor::environment() const {
+    return {"WAYLAND_DISPLAY=" + display(), "XDG_RUNTIME_DIR=" + directory_.path().string()};
+}
+
+bool HeadlessCompositor::command(const std::string& text) const {
+    auto variables = environment();
+    variables.push_back("SWAYSOCK=" + (directory_.path() / "ipc").string());
+    return support::ChildProcess::run({"/usr/bin/env", "swaymsg", text}, variables).exitCode == 0;
+}
+
+bool HeadlessCompositor::takePicture(const fs::path& file) const {
+    return support::ChildProcess::run({"/usr/bin/env", "grim", file}, environment()).exitCode == 0;
+}
+
+} // namespace tests

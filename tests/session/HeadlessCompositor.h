@@ -1,0 +1,52 @@
+// A real compositor without a screen, in a runtime directory of its own.
+//
+// Sway refuses root's rights: run as root, the compositor becomes the user that owns nothing.
+#pragma once
+
+#include "tests/support/BackgroundProcess.h"
+#include "tests/support/ChildProcess.h"
+#include "tests/support/TemporaryDirectory.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tests {
+
+class HeadlessCompositor {
+public:
+    enum class Kind { Sway, Phoc };
+    struct Screen {
+        int width = 750; // pixels, not turned
+        int height = 1334;
+        std::string scale = "2";
+        std::string transform = "normal";
+    };
+
+    explicit HeadlessCompositor(Screen screen, Kind kind = Kind::Sway);
+
+    bool started() const { return started_; }
+    /// Starts it again on the same socket, after its end.
+    bool start();
+    void stop();
+    /// What its clients need: "WAYLAND_DISPLAY=…", "XDG_RUNTIME_DIR=…".
+    std::vector<std::string> environment() const;
+    std::string display() const { return "wayland-1"; }
+    const std::filesystem::path& runtimeDirectory() const { return directory_.path(); }
+    /// A command to Sway, "output HEADLESS-1 transform 90".
+    bool command(const std::string& text) const;
+    /// What the screen shows, as a PNG file.
+    bool takePicture(const std::filesystem::path& file) const;
+
+private:
+    std::vector<std::string> commandLine() const;
+    void writeConfiguration() const;
+
+    Screen screen_;
+    Kind kind_;
+    TemporaryDirectory directory_;
+    std::unique_ptr<support::BackgroundProcess> process_;
+    bool started_ = false;
+};
+
+} // namespace tests

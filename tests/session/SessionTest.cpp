@@ -1,0 +1,150 @@
+#include "tests/session/SessionTest.h"
+
+#include <chrono>
+#include <cmath>
+
+namespace tests {
+
+namespace {
+
+constexpr const char* service = "org.lanternhub.vela3";
+constexpr const char* object = "/org/lanternhub/vela3";
+constexpr double frame = 1000.0 / 60; // milliseconds
+
+/// The clock of the compositor's events.
+double milliseconds() {
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+unsigned eventTimeOf(double time) {
+    return static_cast<unsigned>(static_cast<unsigned long long>(time));
+}
+
+} // namespace
+
+void SessionTest::start(HeadlessCompositor::Screen screen, HeadlessCompositor::Kind kind) {
+    compositor_ = std::make_unique<HeadlessCompositor>(std::move(screen), kind);
+    ASSERT_TRUE(compositor_->started());
+    client(); // a pointer that the host finds there
+    startHost();
+}
+
+void SessionTest::startHost(const std::vector<std::string>& arguments) {
+    std::vector<std::string> command{VELA_BINARY_DIR "/bin/vela-session", "--root", root()};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    auto environment = bus_.environment();
+    for (const auto& variable : compositor_->environment())
+        environment.push_back(variable);
+    environment.push_back("XDG_SESSION_ID=");
+    host_ = std::make_unique<support::BackgroundProcess>(command, environment);
+    ASSERT_TRUE(eventually([&] { return !state().is_null(); }));
+}
+
+TestClient& SessionTest::client() {
+    if (!client_) {
+        client_ = std::make_unique<TestClient>(*compositor_);
+        client_->setScreen(screenWidth, screenHeight);
+    }
+    return *client_;
+}
+
+nlohmann::json SessionTest::state() {
+    GVariant* answer = bus_.call(service, object, service, "DescribeState");
+    if (!answer)
+        return nullptr;
+    const char* text = nullptr;
+    g_variant_get(answer, "(&s)", &text);
+    auto state = nlohmann::json::parse(text);
+    g_variant_unref(answer);
+    return state;
+}
+
+nlohmann::json SessionTest::window(const std::string& cls) {
+    const nlohmann::json all = state();
+    for (const auto& window : all["windows"])
+        if (window["class"] == cls)
+            return window;
+    throw std::runtime_error("no window of class " + cls);
+}
+
+std::string SessionTest::shown() {
+    GVariant* answer = bus_.call(service, object, "org.freedesktop.DBus.Properties", "Get",
+                                 g_variant_new("(ss)", service, "Shown"));
+    if (!answer)
+        return "(no answer)";
+    GVariant* value = nullptr;
+    g_variant_get(answer, "(v)", &value);
+    std::string side = g_variant_get_string(value, nullptr);
+    g_variant_unref(value);
+    g_variant_unref(answer);
+    return side;
+}
+
+bool SessionTest::request(const std::string& method, const std::string& side) {
+    GVariant* arguments = side.empty() ? nullptr : g_variant_new("(s)", side.c_str());
+    GVariant* answer = bus_.call(service, object, service, method, arguments);
+    if (answer)
+        g_variant_unref(answer);
+    return answer != nullptr;
+}
+
+bool SessionTest::waitForShown(const std::string& side) {
+    return eventually([&] { return shown() == side; });
+}
+
+bool SessionTest::waitForRest(const std::string& side) {
+    return eventually([&] {
+        const bool left = window("leftWindowGrabber")["properties"]["showed"],
+                   right = window("rightWindowGrabber")["properties"]["showed"];
+        return left == (side == "left") && right == (side == "right") && shown() == side;
+    });
+}
+
+void SessionTest::setPreference(const std::string& key, const std::string& type, const std::string& value) {
+    const auto child = support::ChildProcess::run(
+        {VELA_BINARY_DIR "/bin/vela-phone", "--root", root(), "--set", key, type, value});
+    ASSERT_EQ(child.exitCode, 0) << child.errors;
+}
+
+void SessionTest::press(double x, double y) {
+    // The pointer comes first, so that the compositor knows what lies beneath it.
+    eventTime_ = milliseconds();
+    client().moveTo(x, y, eventTimeOf(eventTime_));
+    client().press(eventTimeOf(eventTime_));
+    pointerX_ = x;
+    pointerY_ = y;
+}
+
+void SessionTest::dragTo(double x, double y, double seconds) {
+    const int steps = std::max(1, static_cast<int>(std::lround(seconds * 1000 / frame)));
+    const double startX = pointerX_, startY = pointerY_, startTime = eventTime_;
+    for (int i = 1; i <= steps; ++i) {
+        const double part = static_cast<double>(i) / steps;
+        pointerX_ = startX + (x - startX) * part;
+        pointerY_ = startY + (y - startY) * part;
+        eventTime_ = startTime + seconds * 1000 * part;
+        client().moveTo(pointerX_, pointerY_, eventTimeOf(eventTime_));
+    }
+}
+
+void SessionTest::release() {
+    client().release(eventTimeOf(eventTime_));
+}
+
+void SessionTest::tap(double x, double y) {
+    press(x, y);
+    release();
+    client().serve();
+}
+
+std::string SessionTest::pixel(int x, int y) {
+    const auto file = directory_.path() / "screen.png";
+    compositor_->takePicture(file);
+    const std::string place = std::to_string(x) + "," + std::to_string(y);
+    const auto child = support::ChildProcess::run(
+        {"/usr/bin/env", "convert", file, "-format", "%[hex:p{" + place + "}]", "info:"});
+    return "#" + child.output.substr(0, 6);
+}
+
+} // namespace tests

@@ -1,0 +1,67 @@
+// A test with the real session host in a real compositor, on a bus of its own.
+#pragma once
+
+#include "tests/session/HeadlessCompositor.h"
+#include "tests/session/Patience.h"
+#include "tests/session/PrivateBus.h"
+#include "tests/session/TestClient.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <memory>
+#include <optional>
+
+namespace tests {
+
+class SessionTest : public testing::Test {
+protected:
+    static constexpr int screenWidth = 375; // points
+    static constexpr int screenHeight = 667;
+
+    /// Starts compositor and host; points as on the phone unless told otherwise.
+    void start(HeadlessCompositor::Screen screen = {},
+               HeadlessCompositor::Kind kind = HeadlessCompositor::Kind::Sway);
+    /// Starts the host, in the compositor and on the bus that are there.
+    void startHost(const std::vector<std::string>& arguments = {"--no-supervisor"});
+    void stopHost() { host_.reset(); }
+    bool hostIsRunning() const { return host_ && host_->isRunning(); }
+
+    HeadlessCompositor& compositor() { return *compositor_; }
+    PrivateBus& bus() { return bus_; }
+    /// A pointer and a window.
+    TestClient& client();
+
+    /// What the host says of itself; null when it does not answer.
+    nlohmann::json state();
+    nlohmann::json window(const std::string& cls);
+    std::string shown();
+    bool request(const std::string& method, const std::string& side = "");
+    bool waitForShown(const std::string& side);
+    /// Until the panels' animation has ended.
+    bool waitForRest(const std::string& side);
+    /// As the settings application writes it; `type` is "bool", "number" or "string".
+    void setPreference(const std::string& key, const std::string& type, const std::string& value);
+
+    /// A drag of the pointer with 60 moves a second in event time, in no time in truth. Points.
+    void press(double x, double y);
+    void dragTo(double x, double y, double seconds);
+    void release();
+    void tap(double x, double y);
+
+    /// A pixel of what the screen shows, in pixels: "#rrggbb".
+    std::string pixel(int x, int y);
+    std::string root() const { return directory_.path() / "root"; }
+    int hostProcess() const { return host_ ? host_->processId() : 0; }
+
+private:
+    TemporaryDirectory directory_;
+    PrivateBus bus_;
+    std::unique_ptr<HeadlessCompositor> compositor_;
+    std::unique_ptr<TestClient> client_;
+    std::unique_ptr<support::BackgroundProcess> host_;
+    double pointerX_ = 0, pointerY_ = 0;
+    double eventTime_ = 0; // milliseconds
+};
+
+} // namespace tests

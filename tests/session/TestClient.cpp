@@ -1,0 +1,215 @@
+#include "tests/session/TestClient.h"
+
+#include "tests/session/HeadlessCompositor.h"
+#include "tests/session/Patience.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
+
+#include <linux/input-event-codes.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <wayland-client.h>
+
+#include "wlr-virtual-pointer-unstable-v1-client-protocol.h"
+#include "xdg-shell-client-protocol.h"
+
+namespace tests {
+
+struct TestClient::State {
+    wl_display* display = nullptr;
+    wl_compositor* compositor = nullptr;
+    wl_shm* shm = nullptr;
+    wl_seat* seat = nullptr;
+    xdg_wm_base* shell = nullptr;
+    zwlr_virtual_pointer_manager_v1* pointers = nullptr;
+    zwlr_virtual_pointer_v1* hand = nullptr;
+    wl_pointer* pointer = nullptr;
+    wl_surface* surface = nullptr;
+    xdg_surface* shellSurface = nullptr;
+    xdg_toplevel* window = nullptr;
+    int width = 0, height = 0;
+    bool isFull = false, shown = false;
+    int screenWidth = 1, screenHeight = 1;
+    double x = 0, y = 0;
+    std::vector<std::string> presses;
+
+    static State& self(void* data) { return *static_cast<State*>(data); }
+    template <class Object>
+    Object* bind(wl_registry* registry, std::uint32_t name, const wl_interface& interface,
+                 std::uint32_t version) {
+        return static_cast<Object*>(wl_registry_bind(registry, name, &interface, version));
+    }
+    void announced(wl_registry* registry, std::uint32_t name, const std::string& interface) {
+        if (interface == wl_compositor_interface.name)
+            compositor = bind<wl_compositor>(registry, name, wl_compositor_interface, 4);
+        else if (interface == wl_shm_interface.name)
+            shm = bind<wl_shm>(registry, name, wl_shm_interface, 1);
+        else if (interface == wl_seat_interface.name)
+            seat = bind<wl_seat>(registry, name, wl_seat_interface, 1);
+        else if (interface == xdg_wm_base_interface.name)
+            shell = bind<xdg_wm_base>(registry, name, xdg_wm_base_interface, 1);
+        else if (interface == zwlr_virtual_pointer_manager_v1_interface.name)
+            pointers = bind<zwlr_virtual_pointer_manager_v1>(registry, name,
+                                                             zwlr_virtual_pointer_manager_v1_interface, 1);
+    }
+
+    void showBuffer();
+    void listenToPointer();
+};
+
+void TestClient::State::listenToPointer() {
+    static constexpr wl_pointer_listener listener{
+        .enter =
+            [](void* data, wl_pointer*, std::uint32_t, wl_surface*, wl_fixed_t x, wl_fixed_t y) {
+                self(data).x = wl_fixed_to_double(x);
+                self(data).y = wl_fixed_to_double(y);
+            },
+        .leave = [](void*, wl_pointer*, std::uint32_t, wl_surface*) {},
+        .motion =
+            [](void* data, wl_pointer*, std::uint32_t, wl_fixed_t x, wl_fixed_t y) {
+                self(data).x = wl_fixed_to_double(x);
+                self(data).y = wl_fixed_to_double(y);
+            },
+        .button =
+            [](void* data, wl_pointer*, std::uint32_t, std::uint32_t, std::uint32_t, std::uint32_t state) {
+                if (state == WL_POINTER_BUTTON_STATE_PRESSED)
+                    self(data).presses.push_back(std::to_string(std::lround(self(data).x)) + "," +
+                                                 std::to_string(std::lround(self(data).y)));
+            },
+        .axis = [](void*, wl_pointer*, std::uint32_t, std::uint32_t, wl_fixed_t) {},
+        .frame = nullptr,
+        .axis_source = nullptr,
+        .axis_stop = nullptr,
+        .axis_discrete = nullptr,
+        .axis_value120 = nullptr};
+    pointer = wl_seat_get_pointer(seat);
+    wl_pointer_add_listener(pointer, &listener, this);
+}
+
+TestClient::TestClient(const HeadlessCompositor& compositor) : state_(std::make_unique<State>()) {
+    const std::string socket = compositor.runtimeDirectory() / compositor.display();
+    state_->display = wl_display_connect(socket.c_str());
+    if (!state_->display)
+        throw std::runtime_error("no connection to the compositor");
+    static constexpr wl_registry_listener listener{
+        [](void* data, wl_registry* registry, std::uint32_t name, const char* interface, std::uint32_t) {
+            State::self(data).announced(registry, name, interface);
+        },
+        [](void*, wl_registry*, std::uint32_t) {}};
+    wl_registry_add_listener(wl_display_get_registry(state_->display), &listener, state_.get());
+    wl_display_roundtrip(state_->display);
+    if (!state_->pointers || !state_->seat || !state_->shell)
+        throw std::runtime_error("the compositor lacks what the test needs");
+    state_->hand = zwlr_virtual_pointer_manager_v1_create_virtual_pointer(state_->pointers, state_->seat);
+    wl_display_roundtrip(state_->display);
+    state_->listenToPointer();
+    wl_display_roundtrip(state_->display);
+}
+
+TestClient::~TestClient() {
+    wl_display_disconnect(state_->display);
+}
+
+void TestClient::State::showBuffer() {
+    shown = false;
+    const int bytes = width * height * 4;
+    const int file = memfd_create("test-client", MFD_CLOEXEC);
+    if (ftruncate(file, bytes) != 0)
+        throw std::runtime_error("no memory for a window");
+    void* memory =
+        mmap(nullptr, static_cast<std::size_t>(bytes), PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
+    std::memset(memory, 0xE0, static_cast<std::size_t>(bytes));
+    munmap(memory, static_cast<std::size_t>(bytes));
+    wl_shm_pool* pool = wl_shm_create_pool(shm, file, bytes);
+    wl_buffer* buffer = wl_shm_pool_create_buffer(pool, 0, width, height, width * 4, WL_SHM_FORMAT_XRGB8888);
+    wl_shm_pool_destroy(pool);
+    close(file);
+    wl_surface_attach(surface, buffer, 0, 0);
+    wl_surface_damage(surface, 0, 0, width, height);
+    static constexpr wl_callback_listener frameListener{
+        [](void* data, wl_callback*, std::uint32_t) { self(data).shown = true; }};
+    wl_callback_add_listener(wl_surface_frame(surface), &frameListener, this);
+    wl_surface_commit(surface);
+}
+
+void TestClient::openWindow(const std::string& application) {
+    State& state = *state_;
+    static constexpr xdg_wm_base_listener shellListener{
+        [](void*, xdg_wm_base* shell, std::uint32_t serial) { xdg_wm_base_pong(shell, serial); }};
+    static constexpr xdg_surface_listener surfaceListener{
+        [](void* data, xdg_surface* surface, std::uint32_t serial) {
+            xdg_surface_ack_configure(surface, serial);
+            State::self(data).showBuffer();
+        }};
+    static constexpr xdg_toplevel_listener windowListener{
+        [](void* data, xdg_toplevel*, int width, int height, wl_array*) {
+            // At first the compositor leaves the size open.
+            State::self(data).isFull = width > 0 && height > 0;
+            State::self(data).width = std::max(width, 1);
+            State::self(data).height = std::max(height, 1);
+        },
+        [](void*, xdg_toplevel*) {}, nullptr, nullptr};
+    xdg_wm_base_add_listener(state.shell, &shellListener, &state);
+    state.surface = wl_compositor_create_surface(state.compositor);
+    state.shellSurface = xdg_wm_base_get_xdg_surface(state.shell, state.surface);
+    xdg_surface_add_listener(state.shellSurface, &surfaceListener, &state);
+    state.window = xdg_surface_get_toplevel(state.shellSurface);
+    xdg_toplevel_add_listener(state.window, &windowListener, &state);
+    xdg_toplevel_set_app_id(state.window, application.c_str());
+    state.isFull = state.shown = false;
+    wl_surface_commit(state.surface);
+    if (!eventually([&] { return state.isFull && state.shown; }, [this] { serve(); }))
+        throw std::runtime_error("the window was not shown");
+}
+
+void TestClient::closeWindow() {
+    xdg_toplevel_destroy(state_->window);
+    xdg_surface_destroy(state_->shellSurface);
+    wl_surface_destroy(state_->surface);
+    serve();
+}
+
+std::vector<std::string> TestClient::presses() {
+    serve();
+    return state_->presses;
+}
+
+void TestClient::setScreen(int width, int height) {
+    state_->screenWidth = width;
+    state_->screenHeight = height;
+}
+
+void TestClient::moveTo(double x, double y, unsigned time) {
+    // Extents in hundredths of a point, for places between them.
+    constexpr int fine = 100;
+    zwlr_virtual_pointer_v1_motion_absolute(state_->hand, time,
+                                            static_cast<std::uint32_t>(std::lround(x * fine)),
+                                            static_cast<std::uint32_t>(std::lround(y * fine)),
+                                            static_cast<std::uint32_t>(state_->screenWidth * fine),
+                                            static_cast<std::uint32_t>(state_->screenHeight * fine));
+    zwlr_virtual_pointer_v1_frame(state_->hand);
+    serve();
+}
+
+void TestClient::press(unsigned time) {
+    zwlr_virtual_pointer_v1_button(state_->hand, time, BTN_LEFT, WL_POINTER_BUTTON_STATE_PRESSED);
+    zwlr_virtual_pointer_v1_frame(state_->hand);
+    serve();
+}
+
+void TestClient::release(unsigned time) {
+    zwlr_virtual_pointer_v1_button(state_->hand, time, BTN_LEFT, WL_POINTER_BUTTON_STATE_RELEASED);
+    zwlr_virtual_pointer_v1_frame(state_->hand);
+    serve();
+}
+
+void TestClient::serve() {
+    wl_display_roundtrip(state_->display);
+}
+
+} // namespace tests

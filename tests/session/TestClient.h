@@ -1,0 +1,37 @@
+// A program of the test's own in the session: a hand on a pointer, and a window that notes what reaches it.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tests {
+
+class HeadlessCompositor;
+
+class TestClient {
+public:
+    /// Throws std::runtime_error when there is no connection.
+    explicit TestClient(const HeadlessCompositor& compositor);
+    ~TestClient();
+
+    /// Opens a window over the whole screen and waits until it is shown.
+    void openWindow(const std::string& application);
+    void closeWindow();
+    /// Presses of the button that have reached the window, as "100,200".
+    std::vector<std::string> presses();
+
+    /// The pointer; points of a screen of `width` × `height` points, times in milliseconds.
+    void setScreen(int width, int height);
+    void moveTo(double x, double y, unsigned time);
+    void press(unsigned time);
+    void release(unsigned time);
+    /// Serves whatever the compositor sends.
+    void serve();
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+} // namespace tests
