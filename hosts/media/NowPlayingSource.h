@@ -34,6 +34,8 @@ public:
 
     virtual void perform(media::RemoteCommand command) = 0;
     virtual void seek(double seconds) = 0;
+    /// The player's own volume, from 0 to 1; nothing happens when it has none.
+    virtual void setVolume(double volume) = 0;
     /// Brings the player's own window to the front, if it can be.
     virtual void launch() = 0;
 

@@ -240,6 +240,13 @@ void MprisPlayer::seek(double seconds) {
     setPosition(target);
 }
 
+void MprisPlayer::setVolume(double volume) {
+    if (!std::isnan(volume))
+        call(mpris::propertiesInterface, "Set",
+             g_variant_new("(ssv)", mpris::playerInterface, "Volume",
+                           g_variant_new_double(std::clamp(volume, 0.0, 1.0))));
+}
+
 void MprisPlayer::launch() {
     call(mpris::applicationInterface, "Raise");
 }

@@ -30,6 +30,7 @@ public:
     double elapsed() const override;
     void perform(media::RemoteCommand command) override;
     void seek(double seconds) override;
+    void setVolume(double volume) override;
     void launch() override;
     foundation::Handle addObserver(std::function<void(Change)> changed) override;
 

@@ -45,7 +45,6 @@ public:
     std::optional<RadioStation> station() const;
 
     double volume() const { return engine_->volume(); }
-    void setVolume(double volume) { engine_->setVolume(volume); }
     /// Called by launch().
     void setLaunchHandler(std::function<void()> launch) { launch_ = std::move(launch); }
 
@@ -58,6 +57,7 @@ public:
     double elapsed() const override;
     void perform(media::RemoteCommand command) override;
     void seek(double seconds) override;
+    void setVolume(double volume) override { engine_->setVolume(volume); }
     void launch() override;
     foundation::Handle addObserver(std::function<void(Change)> changed) override;
 

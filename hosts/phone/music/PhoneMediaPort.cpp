@@ -110,8 +110,14 @@ void PhoneMediaPort::seek(double seconds) {
 }
 
 void PhoneMediaPort::setVolume(double volume) {
-    if (std::isfinite(volume) && actions_.setVolume)
-        actions_.setVolume(std::clamp(volume, 0.0, 1.0));
+    if (!std::isfinite(volume))
+        return;
+    const double wanted = std::clamp(volume, 0.0, 1.0);
+    if (actions_.setVolume)
+        actions_.setVolume(wanted);
+    // The phone's own player takes the phone's volume; another application hears of it here.
+    if (const auto chosen = players_.chosen(); chosen && chosen != player_)
+        chosen->setVolume(wanted);
 }
 
 void PhoneMediaPort::launchApplication(const std::string& bundleIdentifier) {

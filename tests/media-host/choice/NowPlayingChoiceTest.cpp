@@ -55,6 +55,7 @@ public:
         position_ = seconds;
         tell({Change::Elapsed});
     }
+    void setVolume(double) override {}
     void launch() override {}
     foundation::Handle addObserver(std::function<void(Change)> changed) override {
         return observers_.add(std::move(changed));

@@ -166,11 +166,13 @@ TEST_F(MprisPlayersTest, PassCommandsOnToThePlayer) {
     source->perform(media::RemoteCommand::PreviousTrack);
     source->seek(5);
     EXPECT_NEAR(source->elapsed(), 5, 0.1) << "at once";
+    source->setVolume(0.25);
     source->launch();
-    ASSERT_TRUE(runUntil([&] { return player->calls().size() == 7; }));
+    ASSERT_TRUE(runUntil([&] { return player->calls().size() == 8; }));
     EXPECT_THAT(player->calls(),
                 testing::ElementsAre("Pause()", "Play()", "PlayPause()", "Next()", "Previous()",
-                                     "SetPosition('/track/Song', 5000000)", "Raise()"));
+                                     "SetPosition('/track/Song', 5000000)",
+                                     "Set('org.mpris.MediaPlayer2.Player', 'Volume', <0.25>)", "Raise()"));
 }
 
 TEST_F(MprisPlayersTest, SurviveNonsense) {

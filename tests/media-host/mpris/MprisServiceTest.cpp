@@ -55,6 +55,7 @@ public:
         elapsed_ = seconds;
         changed.notify(Change::Elapsed);
     }
+    void setVolume(double) override {}
     void launch() override { ++launches; }
     foundation::Handle addObserver(std::function<void(Change)> observer) override {
         return changed.add(observer);

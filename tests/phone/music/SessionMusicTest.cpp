@@ -66,12 +66,12 @@ protected:
 
 TEST_F(SessionMusic, PlaysARealFileAndObeysOtherPrograms) {
     const auto phone = start("wait 1\nplay Rain\nwait 12\nstate state.json\n");
-    ASSERT_EQ(askUntil("Playing", "vela_phone", {"status"}), "Playing");
-    EXPECT_EQ(ask("vela_phone", {"metadata", "title"}), "Rain");
-    ask("vela_phone", {"position", "30"});
-    ask("vela_phone", {"volume", "0.25"});
-    ask("vela_phone", {"pause"});
-    EXPECT_EQ(askUntil("Paused", "vela_phone", {"status"}), "Paused");
+    ASSERT_EQ(askUntil("Playing", "vela", {"status"}), "Playing");
+    EXPECT_EQ(ask("vela", {"metadata", "title"}), "Rain");
+    ask("vela", {"position", "30"});
+    ask("vela", {"volume", "0.25"});
+    ask("vela", {"pause"});
+    EXPECT_EQ(askUntil("Paused", "vela", {"status"}), "Paused");
     EXPECT_EQ(phone->waitForEnd(), 0);
     const json now = state()["nowPlaying"];
     EXPECT_EQ(now["playing"], false);
@@ -84,7 +84,7 @@ TEST_F(SessionMusic, ShowsAPlayerThatStartsLaterAndGoesBackToItsOwn) {
     const auto phone =
         start("wait 1\nplay Rain\nwait 6\nstate other.json\nplay pause\nwait 2\nstate paused.json\n"
               "wait 3\nstate gone.json\n");
-    ASSERT_EQ(askUntil("Playing", "vela_phone", {"status"}), "Playing");
+    ASSERT_EQ(askUntil("Playing", "vela", {"status"}), "Playing");
     const std::string file = path("music") + "/rain.mp3";
     auto player = std::make_unique<support::BackgroundProcess>(
         std::vector<std::string>{"mpv", "--no-video", "--ao=null", "--really-quiet", "--no-terminal",
