@@ -7,6 +7,8 @@
 #include "vela/stores/PreferenceKeys.h"
 #include "vela/stores/WatchedSwitch.h"
 
+#include <cmath>
+
 namespace vela::nowplaying {
 
 namespace {
@@ -36,7 +38,7 @@ void scrollLyric(runtime::Object&) {
     if (!(lyric.contentSize().height > 0))
         return;
     const float target = targetOffset(state, lyric);
-    if (!(target > 0))
+    if (!(target > 0) || !std::isfinite(target)) // as it is for a duration next to nothing
         return;
     const double offset = lyric.contentOffset().y;
     if (!lyric.canAutoScroll() || !lyric.isScrollEnabled()) {

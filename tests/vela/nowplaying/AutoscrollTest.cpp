@@ -1,6 +1,9 @@
 #include "vela/nowplaying/Autoscroll.h"
+
 #include "tests/vela/nowplaying/AllocationCounter.h"
 #include "tests/vela/nowplaying/NowPlayingTest.h"
+#include <cmath>
+#include <limits>
 
 using namespace toolkit;
 
@@ -73,6 +76,16 @@ TEST_F(Autoscroll, ASongWithoutADurationNeverMovesTheLyric) {
         step();
         EXPECT_EQ(offset(), 0) << duration;
     }
+}
+
+TEST_F(Autoscroll, ADurationNextToNothingMovesNothing) {
+    state.songDuration = std::numeric_limits<float>::denorm_min();
+    step();
+    EXPECT_EQ(offset(), 0);
+    EXPECT_EQ(state.now, 0);
+    state.songDuration = 200;
+    step();
+    EXPECT_GT(offset(), 0);
 }
 
 TEST_F(Autoscroll, TheFirstMomentMovesNothing) {

@@ -21,6 +21,7 @@ struct LyricView : support::ToolkitTest {
         window->addSubview(lyric);
         loop.turn();
     }
+    ~LyricView() override { loop.advance(1); } // what fades comes to its end
     void show(const std::string& text, int code) {
         lyric->setText(text, code);
         loop.advance(0.5);

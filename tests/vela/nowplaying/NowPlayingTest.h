@@ -36,7 +36,6 @@ protected:
     ~NowPlayingTest() override {
         controller->setRadioStation(false);
         controller->playbackStateDidChange(false);
-        loop.advance(1);
     }
 
     using Info = foundation::PropertyList::Dictionary;

@@ -79,6 +79,7 @@ ProductTest::ProductTest() : root(makeTemporaryDirectory()) {
 ProductTest::~ProductTest() {
     TouchDispatcher::shared().cancelAll(loop.now());
     forgetLaunch();
+    loop.advance(1); // what was under way comes to its end
     host.reset();
     foundation::RunLoop::setMain(nullptr);
     std::filesystem::remove_all(root);
