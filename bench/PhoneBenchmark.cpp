@@ -1,10 +1,8 @@
 // What the product costs in a running phone: a pass of the availability cycle, a step of a drag, the choice
 // of the automatic blur, and a phone that nobody touches. 375 × 667 points at 2 pixels a point.
+#include "bench/IdleHours.h"
 #include "bench/Percentiles.h"
-#include "bench/RunningPhone.h"
 #include "platform/runtime/Message.h"
-
-#include <ctime>
 
 using bench::RunningPhone;
 using toolkit::WindowServer;
@@ -63,25 +61,8 @@ void AutomaticBlur(benchmark::State& state) {
 }
 BENCHMARK(AutomaticBlur)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-/// An hour in which nobody touches the phone: frames beyond the clock's own (one a minute), and how much of
-/// one core the hour's work would take.
 void IdlePhone(benchmark::State& state) {
-    auto& running = RunningPhone::shared();
-    constexpr int seconds = 3600;
-    int frames = 0;
-    double busy = 0;
-    for (auto _ : state) {
-        const std::clock_t begin = std::clock();
-        for (int second = 0; second < seconds; ++second) {
-            running.loop.advance(1);
-            if (WindowServer::shared().needsFrame() && !WindowServer::shared().composeFrame().damage.empty())
-                ++frames;
-        }
-        busy += static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
-    }
-    const double hours = static_cast<double>(state.iterations());
-    state.counters["frames"] = std::max(0.0, frames / hours - seconds / 60.0);
-    state.counters["core_percent"] = 100 * busy / (hours * seconds);
+    bench::measureIdleHours(state, RunningPhone::shared());
 }
 BENCHMARK(IdlePhone)->Iterations(1)->Unit(benchmark::kMillisecond);
 

@@ -1,9 +1,8 @@
 // The board with the five first-party plug-ins: a frame of the opening animation, and what they cost once all
 // of them have been opened and the panel is closed. 375 × 667 points at 2 pixels a point.
 #include "bench/BoardPhone.h"
+#include "bench/IdleHours.h"
 #include "bench/Percentiles.h"
-
-#include <ctime>
 
 using bench::RunningPhone;
 using toolkit::WindowServer;
@@ -69,8 +68,7 @@ void OpeningFrame(benchmark::State& state) {
 }
 BENCHMARK(OpeningFrame)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(480);
 
-/// An hour with the panel closed after every plug-in has been opened: frames beyond the clock's own (one a
-/// minute), and how much of a core the hour takes.
+/// The panel is closed after every plug-in has been opened.
 void ClosedPanel(benchmark::State& state) {
     auto& running = phoneWithOpenBoard();
     for (int index = 0; index < bench::tileCount(); ++index) {
@@ -84,21 +82,7 @@ void ClosedPanel(benchmark::State& state) {
     }
     bench::tap(running, {360, 300});
     running.settle(1);
-    constexpr int seconds = 3600;
-    int frames = 0;
-    double busy = 0;
-    for (auto _ : state) {
-        const std::clock_t begin = std::clock();
-        for (int second = 0; second < seconds; ++second) {
-            running.loop.advance(1);
-            if (WindowServer::shared().needsFrame() && !WindowServer::shared().composeFrame().damage.empty())
-                ++frames;
-        }
-        busy += static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
-    }
-    const double hours = static_cast<double>(state.iterations());
-    state.counters["frames"] = std::max(0.0, frames / hours - seconds / 60.0);
-    state.counters["core_percent"] = 100 * busy / (hours * seconds);
+    bench::measureIdleHours(state, running);
 }
 BENCHMARK(ClosedPanel)->Iterations(1)->Unit(benchmark::kMillisecond);
 
