@@ -25,8 +25,13 @@ void ModalStack::present(std::shared_ptr<toolkit::UIViewController> controller, 
     });
     gtk_stack_add_child(stack_, page);
     show(page, animated ? GTK_STACK_TRANSITION_TYPE_OVER_UP : GTK_STACK_TRANSITION_TYPE_NONE);
+    takeFocus();
+}
+
+void ModalStack::takeFocus() {
     // What the page shows comes before its bar.
-    gtk_widget_child_focus(gtk_widget_get_last_child(page), GTK_DIR_TAB_FORWARD);
+    if (!modals_.empty())
+        gtk_widget_child_focus(gtk_widget_get_last_child(modals_.back().page), GTK_DIR_TAB_FORWARD);
 }
 
 void ModalStack::dismiss(toolkit::UIViewController& controller, bool animated,

@@ -21,6 +21,8 @@ public:
     GtkWidget* widget() const { return GTK_WIDGET(stack_); }
     /// Whether anything is presented.
     bool isShown() const { return !modals_.empty(); }
+    /// Gives the keyboard's focus to what has been presented last.
+    void takeFocus();
 
     /// Shows `page`, a new widget, for this controller, which is kept while it is shown; `completion` is
     /// called once it stands.

@@ -6,6 +6,7 @@
 #include "hosts/settings/window/Style.h"
 #include "hosts/settings/window/Text.h"
 #include "hosts/settings/window/Turn.h"
+#include "platform/foundation/RunLoop.h"
 #include "platform/preferences/PSSwitchTableCell.h"
 
 #include <cmath>
@@ -26,6 +27,8 @@ constexpr double swipeEnough = 48;
 /// Steps of a slider for the arrow keys and for Page Up and Down, as fractions of its range.
 constexpr double smallStep = 0.01;
 constexpr double largeStep = 0.1;
+/// Seconds after a change by hand for which a slider shows that change, whatever is stored.
+constexpr double slideTime = 0.3;
 
 GtkWidget* newLabel(const char* styleClass) {
     GtkWidget* label = gtk_label_new(nullptr);
@@ -74,10 +77,8 @@ RowContent::RowContent(GtkWidget* box, Deletion deletion) : box_(box), deletion_
 }
 
 RowContent::~RowContent() {
+    // The parts within, whose signals come here, have gone before.
     g_object_set_data(G_OBJECT(box_), contentKey, nullptr);
-    g_signal_handlers_disconnect_by_data(switch_, this);
-    g_signal_handlers_disconnect_by_data(scale_, this);
-    g_signal_handlers_disconnect_by_data(deleteButton_, this);
 }
 
 void RowContent::build() {
@@ -207,7 +208,9 @@ void RowContent::refresh() {
     const PropertyList value = specifier_->performGetter();
     switch (specifier_->cellType()) {
     case PSCellType::Switch:
-        gtk_switch_set_active(GTK_SWITCH(switch_), value.boolValue());
+        // Setting what it is already would undo a turn that is just being animated.
+        if (gtk_switch_get_active(GTK_SWITCH(switch_)) != value.boolValue())
+            gtk_switch_set_active(GTK_SWITCH(switch_), value.boolValue());
         break;
     case PSCellType::Slider:
         refreshSlider(value);
@@ -226,6 +229,9 @@ void RowContent::refresh() {
 
 void RowContent::refreshSlider(const PropertyList& value) {
     using namespace preferences;
+    // What is stored lags behind a slider that is being moved.
+    if (foundation::RunLoop::main().now() < slidUntil_)
+        return;
     const double least = specifier_->propertyForKey(keys::minimum).doubleValue();
     const double most = specifier_->propertyForKey(keys::maximum).doubleValue();
     if (!(most > least))
@@ -299,6 +305,7 @@ void RowContent::switched(bool on) {
 void RowContent::slid() {
     if (refreshing_ || !specifier_)
         return;
+    slidUntil_ = foundation::RunLoop::main().now() + slideTime;
     page_->setValueSoon(gtk_range_get_value(GTK_RANGE(scale_)), specifier_);
     endTurn();
 }

@@ -78,6 +78,7 @@ private:
     std::shared_ptr<preferences::PSListController> page_;
     std::shared_ptr<preferences::PSSpecifier> specifier_;
     bool refreshing_ = false;
+    double slidUntil_ = 0; // in the run loop's time
 };
 
 } // namespace settings

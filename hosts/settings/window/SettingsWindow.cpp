@@ -41,7 +41,9 @@ SettingsWindow::SettingsWindow(preferences::UINavigationController& controller, 
 
 void SettingsWindow::present() {
     gtk_window_present(GTK_WINDOW(window_));
-    if (!modals_.isShown())
+    if (modals_.isShown())
+        modals_.takeFocus();
+    else
         navigation_.takeFocus();
 }
 
