@@ -71,8 +71,7 @@ void MPUNowPlayingController::addControls(
     controls->setNowPlayingIsRadioStation(radioStation_);
     controls->volumeDidChange(volume_);
     // Whoever makes controls is to have put them in their place before they hear anything.
-    const std::weak_ptr<MPUSystemMediaControlsViewController> added = controls;
-    foundation::RunLoop::main().performOnMain([this, added] {
+    foundation::RunLoop::main().performOnMain([this, added = std::weak_ptr(controls)] {
         if (const auto still = added.lock())
             tellHowThingsStand(*still);
     });
@@ -90,7 +89,7 @@ void MPUNowPlayingController::tellHowThingsStand(MPUSystemMediaControlsViewContr
 std::vector<std::shared_ptr<MPUSystemMediaControlsViewController>> MPUNowPlayingController::controls() const {
     std::vector<std::shared_ptr<MPUSystemMediaControlsViewController>> present;
     for (const auto& each : controls_)
-        if (auto controls = std::dynamic_pointer_cast<MPUSystemMediaControlsViewController>(each.lock()))
+        if (auto controls = each.lock())
             present.push_back(std::move(controls));
     return present;
 }

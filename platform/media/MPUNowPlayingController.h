@@ -59,7 +59,7 @@ public:
 private:
     void tellHowThingsStand(MPUSystemMediaControlsViewController& controls);
 
-    std::vector<std::weak_ptr<runtime::Object>> controls_;
+    std::vector<std::weak_ptr<MPUSystemMediaControlsViewController>> controls_;
     std::optional<std::string> bundleIdentifier_;
     foundation::PropertyList info_;
     double elapsed_ = 0;

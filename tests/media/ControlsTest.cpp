@@ -207,6 +207,19 @@ TEST_F(Controls, KeepToTheirStyleWhereThereIsNoGlass) {
     EXPECT_LT(dark->mediaControlsView()->titleLabel()->textColor().red, 0.5);
 }
 
+TEST_F(Controls, DrawNothingInAWindowThatIsHidden) {
+    play("Paper Boats", "The Long Tide");
+    window->setHidden(true);
+    WindowServer::shared().composeFrame();
+    const auto painted = WindowServer::shared().compositor().paintedFrames();
+    for (int second = 1; second <= 10; ++second) {
+        now.elapsedTimeDidChange(second);
+        loop.advance(1);
+    }
+    EXPECT_EQ(WindowServer::shared().compositor().paintedFrames(), painted);
+    EXPECT_EQ(view().timeView()->elapsedLabel()->text(), "0:10");
+}
+
 TEST_F(Controls, DrawNothingWhileTheyShowTheSame) {
     play("Paper Boats", "The Long Tide");
     WindowServer::shared().composeFrame();
