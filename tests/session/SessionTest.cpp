@@ -23,10 +23,14 @@ unsigned eventTimeOf(double time) {
 
 } // namespace
 
-void SessionTest::start(HeadlessCompositor::Screen screen, HeadlessCompositor::Kind kind) {
+void SessionTest::startCompositor(HeadlessCompositor::Screen screen, HeadlessCompositor::Kind kind) {
     compositor_ = std::make_unique<HeadlessCompositor>(std::move(screen), kind);
     ASSERT_TRUE(compositor_->started());
     client(); // a pointer that the host finds there
+}
+
+void SessionTest::start(HeadlessCompositor::Screen screen, HeadlessCompositor::Kind kind) {
+    startCompositor(std::move(screen), kind);
     startHost();
 }
 
@@ -36,7 +40,7 @@ void SessionTest::startHost(const std::vector<std::string>& arguments) {
     auto environment = bus_.environment();
     for (const auto& variable : compositor_->environment())
         environment.push_back(variable);
-    environment.push_back("XDG_SESSION_ID=");
+    environment.push_back("XDG_SESSION_ID=c1");
     host_ = std::make_unique<support::BackgroundProcess>(command, environment);
     ASSERT_TRUE(eventually([&] { return !state().is_null(); }));
 }
@@ -62,6 +66,8 @@ nlohmann::json SessionTest::state() {
 
 nlohmann::json SessionTest::window(const std::string& cls) {
     const nlohmann::json all = state();
+    if (all.is_null())
+        return nullptr;
     for (const auto& window : all["windows"])
         if (window["class"] == cls)
             return window;
@@ -95,9 +101,11 @@ bool SessionTest::waitForShown(const std::string& side) {
 
 bool SessionTest::waitForRest(const std::string& side) {
     return eventually([&] {
+        if (shown() != side)
+            return false;
         const bool left = window("leftWindowGrabber")["properties"]["showed"],
                    right = window("rightWindowGrabber")["properties"]["showed"];
-        return left == (side == "left") && right == (side == "right") && shown() == side;
+        return left == (side == "left") && right == (side == "right");
     });
 }
 

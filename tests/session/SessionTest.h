@@ -22,9 +22,14 @@ protected:
     /// Starts compositor and host; points as on the phone unless told otherwise.
     void start(HeadlessCompositor::Screen screen = {},
                HeadlessCompositor::Kind kind = HeadlessCompositor::Kind::Sway);
+    void startCompositor(HeadlessCompositor::Screen screen = {},
+                         HeadlessCompositor::Kind kind = HeadlessCompositor::Kind::Sway);
     /// Starts the host, in the compositor and on the bus that are there.
     void startHost(const std::vector<std::string>& arguments = {"--no-supervisor"});
     void stopHost() { host_.reset(); }
+    /// The exit code of a host that ends by itself.
+    int waitForHostsEnd() { return host_->waitForEnd(); }
+    void endClient() { client_.reset(); }
     bool hostIsRunning() const { return host_ && host_->isRunning(); }
 
     HeadlessCompositor& compositor() { return *compositor_; }
@@ -34,6 +39,7 @@ protected:
 
     /// What the host says of itself; null when it does not answer.
     nlohmann::json state();
+    /// Null as well when it does not answer; throws when there is no such window.
     nlohmann::json window(const std::string& cls);
     std::string shown();
     bool request(const std::string& method, const std::string& side = "");

@@ -37,7 +37,7 @@ std::int64_t orientationOfOutput(bool isWide, int transform, bool builtUpright, 
         return sensed;
     const int quarterTurns = transform & 3;
     if (isWide)
-        return (builtUpright ? quarterTurns == 3 : quarterTurns == 2) ? 4 : 3;
+        return (builtUpright ? quarterTurns == 1 : quarterTurns == 2) ? 4 : 3;
     return (builtUpright ? quarterTurns == 2 : quarterTurns == 3) ? 2 : 1;
 }
 

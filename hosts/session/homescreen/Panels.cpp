@@ -75,8 +75,8 @@ const char* nameOf(Side side) {
     return side == Side::Left ? "left" : "right";
 }
 
-Panels::Panels(homescreen::SpringBoard& springBoard, std::function<void()> changed)
-    : springBoard_(springBoard), changed_(std::move(changed)) {
+Panels::Panels(homescreen::SpringBoard& springBoard, Callbacks callbacks)
+    : springBoard_(springBoard), callbacks_(std::move(callbacks)) {
     hook_ = foundation::RunLoop::main().addTurnHook(foundation::TurnPhase::Commit, [this] { lookAgain(); });
 }
 
@@ -92,7 +92,7 @@ std::optional<Side> Panels::look() const {
 void Panels::lookAgain() {
     const auto now = look();
     if (std::exchange(shown_, now) != now)
-        changed_();
+        callbacks_.changed();
     if (next_)
         showNext();
 }
@@ -104,6 +104,8 @@ void Panels::showNext() {
 
 bool Panels::show(Side side) {
     next_.reset();
+    if (!callbacks_.mayShow())
+        return false;
     if (look() == side)
         return true;
     if (!look())

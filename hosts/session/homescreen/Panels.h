@@ -22,8 +22,12 @@ const char* nameOf(Side side);
 
 class Panels {
 public:
-    /// `changed` is called after shown() has. The application object outlives this one.
-    Panels(homescreen::SpringBoard& springBoard, std::function<void()> changed);
+    struct Callbacks {
+        std::function<bool()> mayShow; // whether there is a screen that a panel may lie on now
+        std::function<void()> changed; // called after shown() has
+    };
+    /// The application object outlives this one.
+    Panels(homescreen::SpringBoard& springBoard, Callbacks callbacks);
 
     /// The panel that stands open or is on its way to; nothing while none is, and as soon as one is sent
     /// away.
@@ -41,7 +45,7 @@ private:
     void showNext();
 
     homescreen::SpringBoard& springBoard_;
-    std::function<void()> changed_;
+    Callbacks callbacks_;
     std::optional<Side> shown_;
     std::optional<Side> next_; // waits until the other one has gone
     foundation::Handle hook_;

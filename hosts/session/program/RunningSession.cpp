@@ -36,7 +36,8 @@ RunningSession::RunningSession(const Options& options, foundation::GlibRunLoop& 
                        if (screen_)
                            screen_->setWithheld(homeScreen_.isLocked());
                    }}),
-      panels_(homeScreen_.springBoard(), [this] { control_.announce(); }),
+      panels_(homeScreen_.springBoard(),
+              {[this] { return mayShowPanels(); }, [this] { control_.announce(); }}),
       control_(sessionBus_, panels_, [this] { return describeState(); }) {
     toolkit::setFontDirectory((device::resourceDirectory() / "fonts").c_str(), false);
     plugins::setTimeOfDaySource(timeOfDay);
@@ -120,6 +121,10 @@ void RunningSession::reconnect() {
 }
 
 // ---- What there is to see
+
+bool RunningSession::mayShowPanels() const {
+    return screen_ && screen_->output() && homeScreen_.isDisplayOn() && !homeScreen_.isLocked();
+}
 
 std::string RunningSession::describeState() const {
     const auto front = homeScreen_.topDisplay();

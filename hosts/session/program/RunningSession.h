@@ -26,6 +26,7 @@ private:
     void chooseOutput();
     const Output* wantedOutput() const;
     void connectionLost();
+    bool mayShowPanels() const;
     std::string describeState() const;
 
     foundation::GlibRunLoop& loop_;

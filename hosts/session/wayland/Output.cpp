@@ -2,10 +2,18 @@
 
 #include "hosts/session/wayland/Protocols.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace session {
+
+namespace {
+
+constexpr double scaleSteps = 120; // of 1, as compositors count them
+
+} // namespace
 
 struct Output::Listener {
     static Output& self(void* data) { return *static_cast<Output*>(data); }
@@ -80,7 +88,10 @@ toolkit::Size Output::logicalSize() const {
 
 double Output::scale() const {
     const double across = isTurnedSideways() ? mode_.height : mode_.width;
-    return logical_.isEmpty() || !(across > 0) ? wholeScale_ : across / logical_.width;
+    if (logical_.isEmpty() || !(across > 0))
+        return wholeScale_;
+    // The size in points has been rounded; scales come in steps.
+    return std::max(1.0, std::round(across / logical_.width * scaleSteps)) / scaleSteps;
 }
 
 } // namespace session
