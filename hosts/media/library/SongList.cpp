@@ -107,7 +107,7 @@ SongList::SongList(const std::vector<LibraryEntry>& entries, const SongList& pre
         while (!taken.insert(identifier).second)
             ++identifier;
         items->push_back(itemFor(*entry, identifier, previous));
-        songs_.push_back({identifier, entry->file, items->back()});
+        songs_.push_back({identifier, entry->file.modified, entry->file.size, items->back()});
     }
     items_ = std::move(items);
     std::sort(songs_.begin(), songs_.end(),
@@ -116,7 +116,8 @@ SongList::SongList(const std::vector<LibraryEntry>& entries, const SongList& pre
 
 std::shared_ptr<media::MPMediaItem> SongList::itemFor(const LibraryEntry& entry, std::int64_t persistentID,
                                                       const SongList& previous) const {
-    if (const Song* song = previous.find(persistentID); song && song->file == entry.file)
+    const Song* song = previous.find(persistentID);
+    if (song && song->modified == entry.file.modified && song->size == entry.file.size)
         return song->item;
     const auto cover =
         entry.tags->hasCover ? media::MPMediaItem::Cover::InLibrary : media::MPMediaItem::Cover::None;
@@ -137,7 +138,11 @@ std::shared_ptr<media::MPMediaItem> SongList::item(std::int64_t persistentID) co
 
 std::string SongList::path(std::int64_t persistentID) const {
     const Song* song = find(persistentID);
-    return song ? song->file.path : std::string();
+    if (!song)
+        return {};
+    const std::string& address = *song->item->storedProperty(media::MPMediaItemPropertyAssetURL)->string();
+    const GText path(g_filename_from_uri(address.c_str(), nullptr, nullptr), g_free);
+    return path ? path.get() : "";
 }
 
 } // namespace playback

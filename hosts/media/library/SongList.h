@@ -22,13 +22,15 @@ public:
     const media::SharedMediaItems& items() const { return items_; }
     /// Null when there is none.
     std::shared_ptr<media::MPMediaItem> item(std::int64_t persistentID) const;
-    /// Empty when there is none.
+    /// Of the song's file; empty when there is none.
     std::string path(std::int64_t persistentID) const;
 
 private:
+    /// As little as can be: there may be a hundred thousand.
     struct Song {
-        std::int64_t persistentID;
-        MusicFile file;
+        std::int64_t persistentID; // which stands for the path
+        std::int64_t modified;
+        std::uint64_t size;
         std::shared_ptr<media::MPMediaItem> item;
     };
     const Song* find(std::int64_t persistentID) const;

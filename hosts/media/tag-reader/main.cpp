@@ -14,8 +14,11 @@ namespace {
 
 /// Enough for every tag that is one.
 constexpr rlim_t mostMemory = 512UL * 1024 * 1024;
+/// So that what the user sees comes first.
+constexpr int niceness = 10;
 
 void limitResources() {
+    setpriority(PRIO_PROCESS, 0, niceness);
     const rlimit noCore{0, 0};
     setrlimit(RLIMIT_CORE, &noCore); // a crash is no news here
 #if !defined(__SANITIZE_ADDRESS__)   // which needs an address space of terabytes
