@@ -1,6 +1,7 @@
 #include "hosts/lyrics-gateway/LyricFiles.h"
 
 #include "hosts/lyrics-gateway/LyricText.h"
+#include "platform/foundation/Utf8Validation.h"
 
 #include <algorithm>
 #include <fstream>
@@ -20,7 +21,7 @@ constexpr const char* timed = ".lrc";
 /// A name in the form in which names are compared.
 std::string comparable(std::string name) {
     std::replace(name.begin(), name.end(), '/', '_');
-    if (!g_utf8_validate_len(name.data(), name.size(), nullptr))
+    if (!foundation::isValidUtf8(name))
         return name;
     const std::unique_ptr<char, void (*)(void*)> folded(
         g_utf8_casefold(name.data(), static_cast<gssize>(name.size())), g_free);

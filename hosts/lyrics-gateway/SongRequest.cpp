@@ -1,16 +1,14 @@
 #include "hosts/lyrics-gateway/SongRequest.h"
 
 #include "platform/foundation/PercentEncoding.h"
-
-#include <glib.h>
+#include "platform/foundation/Utf8Validation.h"
 
 namespace gateway {
 
 namespace {
 
 bool isName(const std::string& text) {
-    return !text.empty() && text.size() <= SongRequest::longestName && text.find('\0') == std::string::npos &&
-           g_utf8_validate_len(text.data(), text.size(), nullptr);
+    return !text.empty() && text.size() <= SongRequest::longestName && foundation::isValidUtf8(text);
 }
 
 bool take(std::string_view& text, std::string_view part) {

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/BinaryPropertyListCheck.h"
 #include "platform/foundation/PropertyListWriter.h"
+#include "platform/foundation/Utf8Validation.h"
 #include "platform/foundation/XmlPropertyListCheck.h"
 
 #include <cstdlib>
@@ -46,7 +47,7 @@ using Tree = std::unique_ptr<void, FreeTree>;
 
 /// Texts are UTF-8 everywhere, also where a file has something else.
 std::string validText(const char* text, std::size_t length) {
-    if (g_utf8_validate_len(text, length, nullptr))
+    if (isValidUtf8({text, length}))
         return {text, length};
     const std::unique_ptr<char, void (*)(void*)> made(g_utf8_make_valid(text, static_cast<gssize>(length)),
                                                       g_free);

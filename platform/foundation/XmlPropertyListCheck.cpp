@@ -1,5 +1,7 @@
 #include "platform/foundation/XmlPropertyListCheck.h"
 
+#include "platform/foundation/Utf8Validation.h"
+
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -157,7 +159,7 @@ private:
 } // namespace
 
 bool isSoundXmlPropertyList(std::string_view text, const PropertyListLimits& limits) {
-    return g_utf8_validate_len(text.data(), text.size(), nullptr) && Check(text, limits).run();
+    return isValidUtf8(text) && Check(text, limits).run();
 }
 
 } // namespace foundation

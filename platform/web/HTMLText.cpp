@@ -1,5 +1,7 @@
 #include "platform/web/HTMLText.h"
 
+#include "platform/foundation/Utf8Validation.h"
+
 #include <algorithm>
 #include <cctype>
 #include <memory>
@@ -49,10 +51,6 @@ std::string declaredCharset(std::string_view text) {
     return {};
 }
 
-bool isUtf8(std::string_view text) {
-    return g_utf8_validate_len(text.data(), text.size(), nullptr);
-}
-
 /// Sound UTF-8, without zeros.
 std::string repairedUtf8(const std::string& text) {
     return Text(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()))).get();
@@ -66,7 +64,7 @@ std::optional<std::string> converted(std::string_view text, const std::string& c
 }
 
 std::string decoded(std::string_view text, std::string charset) {
-    if (charset == "utf-8" || charset == "utf8" || (charset.empty() && isUtf8(text)))
+    if (charset == "utf-8" || charset == "utf8" || (charset.empty() && foundation::isValidUtf8(text)))
         return std::string(text);
     // Whoever says these means the larger set that contains them.
     if (charset == "iso-8859-1" || charset == "latin1" || charset == "us-ascii" || charset == "ascii")

@@ -1,11 +1,10 @@
 // The lyrics of velaWebManager.
+#include "platform/foundation/Utf8Validation.h"
 #include "platform/media/MPMediaItem.h"
 #include "vela/nowplaying/LyricMarkup.h"
 #include "vela/nowplaying/velaWebManager.h"
 #include "vela/stores/ProductConfiguration.h"
 #include "vela/stores/VelaSettingsManager.h"
-
-#include <glib.h>
 
 using foundation::PropertyList;
 using foundation::URLAnswer;
@@ -35,7 +34,7 @@ std::string textProperty(const MPMediaItem& item, const char* name) {
 /// The bytes as a text, empty when they are none.
 std::string utf8Text(const std::vector<std::uint8_t>& bytes) {
     std::string text(bytes.begin(), bytes.end());
-    return g_utf8_validate_len(text.data(), text.size(), nullptr) ? text : std::string();
+    return foundation::isValidUtf8(text) ? text : std::string();
 }
 
 void finishItem(const URLAnswer& answer, const std::shared_ptr<MPMediaItem>& item,
