@@ -4,6 +4,9 @@
 #include "platform/preferences/AVPlayerViewController.h"
 #include "vela/settings/tutorialController.h"
 #include "vela/stores/Paths.h"
+#include "vela/stores/ProductConfiguration.h"
+
+#include <algorithm>
 
 using preferences::AVPlayerViewController;
 using testing::ElementsAre;
@@ -65,6 +68,17 @@ TEST_F(WelcomeScreen, LeavesBeforeTheFilmAndPlaysItOnceItStands) {
     EXPECT_FALSE(film->player()->isPlaying());
     std::exchange(port.completion, {})();
     EXPECT_TRUE(film->player()->isPlaying());
+}
+
+TEST_F(WelcomeScreen, HasAFilmOfItsOwnOnANewDevice) {
+    auto& files = foundation::FileManager::shared();
+    files.setDeviceRoot(std::filesystem::path(VELA_SOURCE_DIR) / "resources/device");
+    const std::string address = vela::ProductConfiguration::shared().tutorialVideo();
+    ASSERT_TRUE(address.starts_with("file:///")) << address;
+    const auto film = files.read(address.substr(std::string("file://").size()));
+    ASSERT_TRUE(film);
+    const std::vector<std::uint8_t> webm{0x1a, 0x45, 0xdf, 0xa3};
+    EXPECT_TRUE(std::equal(webm.begin(), webm.end(), film->begin()));
 }
 
 TEST_F(WelcomeScreen, GoesWhileTheFilmIsStillToCome) {
