@@ -31,7 +31,10 @@ std::filesystem::path installedProgram(const std::string& name) {
 }
 
 std::filesystem::path installedExtension() {
-    return (executableDirectory() / ".." / "lib" / "Vela3.dylib").lexically_normal();
+    std::error_code error;
+    const auto installed = executableDirectory() / ".." / "lib" / "vela3" / "Vela3.dylib";
+    const auto built = executableDirectory() / ".." / "lib" / "Vela3.dylib";
+    return (std::filesystem::exists(installed, error) ? installed : built).lexically_normal();
 }
 
 } // namespace device
