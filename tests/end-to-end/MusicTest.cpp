@@ -157,6 +157,25 @@ TEST(Music, AFingerOnThePanelsSliderShowsNoVolumeDisplayAndHoldsNoneBackAfterwar
     EXPECT_EQ(run.state("after.json")["hud"], 1);
 }
 
+TEST(Music, ThePanelsButtonsSkipAndPause) {
+    const PhoneRun run =
+        played("play Rain\nwait 1\n" + openPanel +
+               "tap 315 355\nwait 1\nstate next.json\ntap 226 355\nwait 1\nstate paused.json\n"
+               "tap 136 355\nwait 1\nstate previous.json\n");
+    EXPECT_EQ(title(run.state("next.json")), "Harbour Lights");
+    EXPECT_EQ(run.state("next.json")["nowPlaying"]["playing"], true);
+    EXPECT_EQ(run.state("paused.json")["nowPlaying"]["playing"], false);
+    EXPECT_EQ(title(run.state("previous.json")), "Rain");
+}
+
+TEST(Music, AFingerOnThePanelsTimeLineWindsTheSong) {
+    const PhoneRun run = played("play \"Paper Boats\"\nwait 1\n" + openPanel +
+                                "touch down 160 270\ntouch move 249 270 over 0.3\nstate held.json\ntouch up\n"
+                                "wait 0.1\nstate wound.json\n");
+    EXPECT_LT(run.state("held.json")["nowPlaying"]["elapsed"], 5);
+    EXPECT_NEAR(run.state("wound.json")["nowPlaying"]["elapsed"], 17, 1.5);
+}
+
 TEST(Music, ATapOnThePanelsTitleOpensTheMusicApplicationAndClosesThePanel) {
     const PhoneRun run =
         played("play Rain\nwait 1\n" + openPanel + "tap 215 300\nwait 1\nstate state.json\n");

@@ -144,7 +144,8 @@ void NowPlayingBar::layoutSubviews() {
         button->setFrame({right, 0, buttonWidth, size.height});
     }
     const double left = 2 * margin + coverSide, width = std::max(0.0, right - left - 4);
-    title_->setFrame({left, 11, width, 21});
+    const double titleTop = subtitle_->text().empty() ? (size.height - 21) / 2 : 11;
+    title_->setFrame({left, titleTop, width, 21});
     subtitle_->setFrame({left, 32, width, 18});
 }
 
