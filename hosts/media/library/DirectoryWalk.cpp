@@ -68,7 +68,8 @@ void DirectoryWalk::visitEntry(const foundation::FileDescriptor& directory, cons
     if (S_ISDIR(status.st_mode)) {
         if (const auto opened = openDirectory(directory.number(), name))
             visit(opened, entry, depth + 1);
-    } else if (S_ISREG(status.st_mode) && isAudioFileName(name)) {
+    } else if (S_ISREG(status.st_mode) && isAudioFileName(name) &&
+               faccessat(directory.number(), name, R_OK, AT_EACCESS) == 0) {
         files_.push_back({entry, nanoseconds(status.st_mtim), static_cast<std::uint64_t>(status.st_size)});
     }
 }

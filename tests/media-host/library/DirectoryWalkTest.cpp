@@ -105,15 +105,18 @@ TEST_F(DirectoryWalkTest, EndsWhenItIsCancelled) {
     EXPECT_THAT(found(), ElementsAre());
 }
 
-TEST_F(DirectoryWalkTest, LeavesOutDirectoriesThatCannotBeRead) {
+TEST_F(DirectoryWalkTest, LeavesOutWhatCannotBeRead) {
+    using std::filesystem::perms;
     touch("locked/1.mp3");
     touch("open/2.mp3");
-    std::filesystem::permissions(directory.path() / "locked", std::filesystem::perms::none);
+    touch("open/3.mp3");
+    std::filesystem::permissions(directory.path() / "locked", perms::none);
+    std::filesystem::permissions(directory.path() / "open/3.mp3", perms::owner_write);
     if (geteuid() == 0) // whom nothing is locked for
-        EXPECT_THAT(found(), ElementsAre("locked/1.mp3", "open/2.mp3"));
+        EXPECT_THAT(found(), ElementsAre("locked/1.mp3", "open/2.mp3", "open/3.mp3"));
     else
         EXPECT_THAT(found(), ElementsAre("open/2.mp3"));
-    std::filesystem::permissions(directory.path() / "locked", std::filesystem::perms::owner_all);
+    std::filesystem::permissions(directory.path() / "locked", perms::owner_all);
 }
 
 } // namespace
