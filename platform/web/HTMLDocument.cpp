@@ -85,6 +85,10 @@ std::shared_ptr<const HTMLDocument> HTMLDocument::parse(std::string text) {
     return std::shared_ptr<const HTMLDocument>(new HTMLDocument(std::move(tree)));
 }
 
+std::vector<HTMLBlock> HTMLDocument::blocks() const {
+    return readBlocks(*tree_->output->root);
+}
+
 std::optional<std::string> HTMLDocument::innerHTMLOfElement(const std::string& className,
                                                             std::size_t index) const {
     const bool quirks = tree_->output->document->v.document.doc_type_quirks_mode == GUMBO_DOCTYPE_QUIRKS;

@@ -3,6 +3,8 @@
 // Pages are hostile: what the tree takes up is bounded while it is built. Immutable once made; any thread.
 #pragma once
 
+#include "platform/web/HTMLBlocks.h"
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -24,6 +26,8 @@ public:
     /// The markup inside of the element that is the `index`-th, in the page's order, of those with a class;
     /// nothing when there are fewer.
     std::optional<std::string> innerHTMLOfElement(const std::string& className, std::size_t index) const;
+    /// The page as it is read from top to bottom.
+    std::vector<HTMLBlock> blocks() const;
 
 private:
     struct Tree;

@@ -2,6 +2,7 @@
 
 #include "hosts/settings/program/Address.h"
 #include "hosts/settings/window/ComposeView.h"
+#include "hosts/settings/window/DocumentView.h"
 #include "hosts/settings/window/FilmView.h"
 #include "hosts/settings/window/ToolkitView.h"
 #include "platform/preferences/AVPlayerViewController.h"
@@ -38,6 +39,8 @@ GtkWidget* WindowPort::newPage(const std::shared_ptr<UIViewController>& controll
     if (const auto film = std::dynamic_pointer_cast<preferences::AVPlayerViewController>(controller);
         film && film->player())
         return newModalPage("", "Close", FilmView::make(film->player()).widget(), close).widget;
+    if (const auto document = std::dynamic_pointer_cast<preferences::SFSafariViewController>(controller))
+        return newModalPage("", "Close", DocumentView::make(document->url()).widget(), close).widget;
     ToolkitView& view = ToolkitView::make("");
     view.show(controller->view());
     return newModalPage("", "Close", view.widget(), close).widget;
