@@ -7,6 +7,8 @@
 #include <arpa/inet.h>
 #include <curl/curl.h>
 #include <glib.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 
 namespace foundation {
 
@@ -49,6 +51,21 @@ bool isThisMachine(const std::string& hostAndPort) {
     if (inet_pton(AF_INET, host.c_str(), &number) == 1)
         return ntohl(number.s_addr) >> 24 == IN_LOOPBACKNET;
     return host == "localhost" || host == "[::1]";
+}
+
+bool isThisMachine(const sockaddr& address) {
+    if (address.sa_family == AF_INET)
+        return ntohl(reinterpret_cast<const sockaddr_in&>(address).sin_addr.s_addr) >> 24 == IN_LOOPBACKNET;
+    return address.sa_family == AF_INET6 &&
+           IN6_IS_ADDR_LOOPBACK(&reinterpret_cast<const sockaddr_in6&>(address).sin6_addr);
+}
+
+/// Redirects may lead further than the request's own address. Programs that are started inherit no
+/// connection.
+curl_socket_t openSocket(void*, curlsocktype, curl_sockaddr* address) {
+    if (onlyThisMachine && !isThisMachine(address->addr))
+        return CURL_SOCKET_BAD;
+    return socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
 }
 
 long milliseconds(double seconds) {
@@ -148,6 +165,7 @@ void HTTPTransfer::configure(const URLRequest& request, const URLSessionConfigur
     // A text that ends early for the library would be another address than the one that was asked for.
     const bool whole = request.url.find('\0') == std::string::npos;
     curl_easy_setopt(curl, CURLOPT_URL, whole && !outOfReach_ ? request.url.c_str() : "");
+    curl_easy_setopt(curl, CURLOPT_OPENSOCKETFUNCTION, &openSocket);
     curl_easy_setopt(curl, CURLOPT_PATH_AS_IS, 1L);
     curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, allowedSchemes);
     curl_easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS_STR, allowedSchemes);
@@ -162,24 +180,32 @@ void HTTPTransfer::configure(const URLRequest& request, const URLSessionConfigur
         curl_easy_setopt(curl, CURLOPT_NOBODY, 1L);
     else if (request.method != "GET" && isHeaderText(request.method))
         curl_easy_setopt(curl, CURLOPT_CUSTOMREQUEST, request.method.c_str());
+    curl_easy_setopt(curl, CURLOPT_PRIVATE, this);
+    limitTime(configuration);
+    receive();
 
+    auto headers = request.headers;
+    headers.insert(configuration.HTTPAdditionalHeaders.begin(), configuration.HTTPAdditionalHeaders.end());
+    addHeaders(headers);
+}
+
+void HTTPTransfer::limitTime(const URLSessionConfiguration& configuration) {
+    CURL* curl = handle();
     const double patience =
         std::min(configuration.timeoutIntervalForRequest, configuration.timeoutIntervalForResource);
     curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT_MS, milliseconds(patience));
     curl_easy_setopt(curl, CURLOPT_LOW_SPEED_LIMIT, leastSpeed);
     curl_easy_setopt(curl, CURLOPT_LOW_SPEED_TIME, wholeSeconds(patience));
     curl_easy_setopt(curl, CURLOPT_TIMEOUT_MS, milliseconds(configuration.timeoutIntervalForResource));
+}
 
+void HTTPTransfer::receive() {
+    CURL* curl = handle();
     curl_easy_setopt(curl, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(maximumBytes_));
     curl_easy_setopt(curl, CURLOPT_HEADERFUNCTION, &Native::call<&HTTPTransfer::receiveHeader>);
     curl_easy_setopt(curl, CURLOPT_HEADERDATA, this);
     curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, &Native::call<&HTTPTransfer::receiveBody>);
     curl_easy_setopt(curl, CURLOPT_WRITEDATA, this);
-    curl_easy_setopt(curl, CURLOPT_PRIVATE, this);
-
-    auto headers = request.headers;
-    headers.insert(configuration.HTTPAdditionalHeaders.begin(), configuration.HTTPAdditionalHeaders.end());
-    addHeaders(headers);
 }
 
 void HTTPTransfer::addHeaders(const std::map<std::string, std::string>& headers) {

@@ -55,6 +55,8 @@ public:
 private:
     struct Native;
     void configure(const URLRequest& request, const URLSessionConfiguration& configuration);
+    void limitTime(const URLSessionConfiguration& configuration);
+    void receive();
     void addHeaders(const std::map<std::string, std::string>& headers);
     bool receiveHeader(std::string_view line);
     bool receiveBody(std::string_view bytes);

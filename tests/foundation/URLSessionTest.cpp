@@ -347,11 +347,16 @@ TEST_F(URLSessionTest, HandsNoFileOverWhenADownloadFails) {
 
 TEST_F(URLSessionTest, KeepsToThisMachineWhenTold) {
     URLSession::setReach(URLSession::Reach::ThisMachine);
-    LocalHttpServer server(
-        [](const Request&, Connection& connection) { connection.answer(200, "text/plain", "here"); });
+    LocalHttpServer server([](const Request& request, Connection& connection) {
+        if (request.target == "/away")
+            connection.redirect("http://192.0.2.1/");
+        else
+            connection.answer(200, "text/plain", "here");
+    });
     EXPECT_EQ(loadError("http://192.0.2.1/"), URLErrorCode::NotConnectedToInternet);
     EXPECT_EQ(loadError("http://127.0.0.1.example/"), URLErrorCode::NotConnectedToInternet);
     EXPECT_EQ(loadText(server.address()), "here");
+    EXPECT_EQ(loadError(server.address() + "/away"), URLErrorCode::CannotConnectToHost);
     URLSession::setReach(URLSession::Reach::Everywhere);
 }
 
