@@ -5,6 +5,7 @@
 #include "platform/foundation/FileManager.h"
 #include "platform/foundation/RunLoop.h"
 
+#include <algorithm>
 #include <charconv>
 #include <csignal>
 #include <cstdio>
@@ -18,7 +19,7 @@ namespace {
 
 constexpr const char* configuration = "/Library/Application Support/Vela/configuration.plist";
 constexpr std::string_view ownAddress = "http://127.0.0.1:";
-constexpr double pauseBeforeNextTry = 2; // seconds
+constexpr double longestPause = 60; // seconds
 constexpr int greatestPort = 65535;
 
 /// A home screen that crashes takes its gateway along.
@@ -90,7 +91,8 @@ void LyricsGatewayProcess::ended() {
     g_spawn_close_pid(process_);
     process_ = 0;
     watch_ = 0;
-    again_ = foundation::RunLoop::main().scheduleTimer(pauseBeforeNextTry, false, [this] { start(); });
+    again_ = foundation::RunLoop::main().scheduleTimer(pause_, false, [this] { start(); });
+    pause_ = std::min(2 * pause_, longestPause);
 }
 
 } // namespace device

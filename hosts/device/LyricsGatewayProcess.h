@@ -40,6 +40,7 @@ private:
     GPid process_ = 0; // 0 while none runs
     guint watch_ = 0;
     foundation::Handle again_;
+    double pause_ = 2; // seconds before the next try; longer each time
 };
 
 } // namespace device
