@@ -2,6 +2,8 @@
 
 #include <chrono>
 #include <cmath>
+#include <fstream>
+#include <iterator>
 
 namespace tests {
 
@@ -34,15 +36,25 @@ void SessionTest::start(HeadlessCompositor::Screen screen, HeadlessCompositor::K
     startHost();
 }
 
-void SessionTest::startHost(const std::vector<std::string>& arguments) {
+void SessionTest::startHost(const std::vector<std::string>& arguments, HostLog log) {
     std::vector<std::string> command{VELA_BINARY_DIR "/bin/vela-session", "--root", root()};
     command.insert(command.end(), arguments.begin(), arguments.end());
     auto environment = bus_.environment();
     for (const auto& variable : compositor_->environment())
         environment.push_back(variable);
     environment.push_back("XDG_SESSION_ID=c1");
+    if (log == HostLog::Protocol) {
+        environment.push_back("WAYLAND_DEBUG=1");
+        command.insert(command.begin(), {"/bin/sh", "-c", "log=$1; shift; exec \"$@\" 2> \"$log\"", "sh",
+                                         directory_.path() / "host.log"});
+    }
     host_ = std::make_unique<support::BackgroundProcess>(command, environment);
     ASSERT_TRUE(eventually([&] { return !state().is_null(); }));
+}
+
+std::string SessionTest::log() const {
+    std::ifstream stream(directory_.path() / "host.log");
+    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 TestClient& SessionTest::client() {

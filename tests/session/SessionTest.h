@@ -25,7 +25,11 @@ protected:
     void startCompositor(HeadlessCompositor::Screen screen = {},
                          HeadlessCompositor::Kind kind = HeadlessCompositor::Kind::Sway);
     /// Starts the host, in the compositor and on the bus that are there.
-    void startHost(const std::vector<std::string>& arguments = {"--no-supervisor"});
+    enum class HostLog { None, Protocol };
+    void startHost(const std::vector<std::string>& arguments = {"--no-supervisor"},
+                   HostLog log = HostLog::None);
+    /// What the host has said, and, if that is asked for, everything between it and the compositor.
+    std::string log() const;
     void stopHost() { host_.reset(); }
     /// The exit code of a host that ends by itself.
     int waitForHostsEnd() { return host_->waitForEnd(); }
