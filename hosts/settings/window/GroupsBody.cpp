@@ -16,6 +16,8 @@ namespace {
 
 constexpr int groupSpacing = 18;
 constexpr int footerGap = 8;
+/// Around a row that is all of a page; with it the page is as high as the room below the bar.
+constexpr int pageMargin = 8;
 
 GtkWidget* newText(const std::string& text, const char* styleClass) {
     GtkWidget* label = gtk_label_new(displayed(text).c_str());
@@ -56,7 +58,7 @@ GroupsBody::GroupsBody(const std::shared_ptr<PSListController>& page)
     : page_(page), scroller_(gtk_scrolled_window_new()), column_(gtk_box_new(GTK_ORIENTATION_VERTICAL, 0)) {
     gtk_widget_set_margin_start(column_, columnMargin);
     gtk_widget_set_margin_end(column_, columnMargin);
-    gtk_widget_set_margin_bottom(column_, groupSpacing);
+    gtk_widget_set_margin_bottom(column_, pageMargin);
     GtkWidget* clamp = adw_clamp_new();
     adw_clamp_set_maximum_size(ADW_CLAMP(clamp), widestColumn);
     adw_clamp_set_tightening_threshold(ADW_CLAMP(clamp), widestColumn);
@@ -157,7 +159,7 @@ void GroupsBody::addRow(GtkWidget* list, const std::shared_ptr<PSSpecifier>& spe
 
 void GroupsBody::addCell(const std::shared_ptr<PSSpecifier>& specifier, const std::string& name) {
     ToolkitView& view = ToolkitView::make(name);
-    gtk_widget_set_margin_top(view.widget(), groupSpacing);
+    gtk_widget_set_margin_top(view.widget(), specifier->isGroup() ? groupSpacing : pageMargin);
     gtk_box_append(GTK_BOX(column_), view.widget());
     cells_.push_back({specifier, &view});
 }

@@ -290,9 +290,9 @@ void RowContent::performDeletion() {
 }
 
 void RowContent::setDeleteShown(bool shown) {
-    const bool deletable = deletion_ && specifier_ && specifier_->deletionAction();
-    gtk_widget_set_visible(deleteRevealer_, deletable);
-    gtk_revealer_set_reveal_child(GTK_REVEALER(deleteRevealer_), deletable && shown);
+    const bool reveals = shown && deletion_ && specifier_ && specifier_->deletionAction();
+    gtk_widget_set_visible(deleteRevealer_, reveals);
+    gtk_revealer_set_reveal_child(GTK_REVEALER(deleteRevealer_), reveals);
 }
 
 void RowContent::switched(bool on) {
