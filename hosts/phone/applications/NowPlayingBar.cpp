@@ -84,7 +84,8 @@ void NowPlayingBar::show() {
                       station = text(info, media::kMRMediaRemoteNowPlayingInfoRadioStationName),
                       artist = text(info, media::kMRMediaRemoteNowPlayingInfoArtist);
     title_->setText(title.empty() ? station : title);
-    subtitle_->setText(artist.empty() && !title.empty() ? station : artist);
+    const std::string& subtitle = artist.empty() && !title.empty() ? station : artist;
+    subtitle_->setText(player.hasFailed() ? "Cannot be played" : subtitle);
     playPause_->setSign(player.isPlaying() ? TransportSign::Pause : TransportSign::Play);
     next_->setHidden(player.isRadioStation());
     setHidden(!hasContent());

@@ -82,6 +82,7 @@ std::string MusicPlayer::uri() const {
 
 void MusicPlayer::load() {
     loaded_ = stream_ || item_;
+    failed_ = false;
     if (stream_ && stream_->silent)
         engine_->unload();
     else if (loaded_)
@@ -161,7 +162,7 @@ void MusicPlayer::failed(const std::string& reason) {
     loaded_ = false;
     if (wanted_ && !stream_ && ++failures_ < mostFailures)
         return skipToNextItem();
-    wanted_ = false;
+    failed_ = std::exchange(wanted_, false);
     failures_ = 0;
     notify({Change::Playing});
 }

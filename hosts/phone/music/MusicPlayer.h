@@ -44,6 +44,9 @@ public:
     /// The station that is tuned in, or nothing.
     std::optional<RadioStation> station() const;
 
+    /// Whether what was to sound last could not.
+    bool hasFailed() const { return failed_; }
+
     double volume() const { return engine_->volume(); }
     /// Called by launch().
     void setLaunchHandler(std::function<void()> launch) { launch_ = std::move(launch); }
@@ -90,7 +93,8 @@ private:
     std::optional<Stream> stream_;
     bool loaded_ = false; // whether the engine holds item_ or the stream
     bool wanted_ = false; // whether it is to sound, as soon as it can
-    int failures_ = 0;    // songs in a row that could not be played
+    bool failed_ = false;
+    int failures_ = 0; // songs in a row that could not be played
     std::function<void()> launch_;
     playback::Observers<Change> observers_;
 };

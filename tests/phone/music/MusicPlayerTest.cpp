@@ -234,6 +234,17 @@ TEST_F(Player, PlaysAStationAndSaysWhatTheStationSays) {
     EXPECT_TRUE(info[kMRMediaRemoteNowPlayingInfoDuration].isNil());
 }
 
+TEST_F(Player, KnowsThatAStationCannotBePlayedUntilSomethingElseIsTried) {
+    player.playStation({"Gone", "file://" + (directory.path() / "gone").string()});
+    EXPECT_FALSE(player.hasFailed());
+    loop.advance(0.1);
+    EXPECT_TRUE(player.hasFailed());
+    EXPECT_FALSE(player.isPlaying());
+    player.playStation({"Night", "http://radio.example/night"});
+    EXPECT_FALSE(player.hasFailed());
+    EXPECT_TRUE(player.isPlaying());
+}
+
 TEST_F(Player, IsASilentStreamForDemonstrations) {
     player.playSilentStream({"Harbour", "Mira"});
     EXPECT_TRUE(player.isPlaying());
