@@ -76,6 +76,8 @@ std::shared_ptr<const Image> imageFromFile(const std::string& location) {
 }
 
 void finishSearch(const URLAnswer& answer, const std::shared_ptr<CoverSearch>& search) {
+    // Only here, away from the main thread, since it takes some milliseconds to decode.
+    search->image = defaultArtwork();
     const auto result = onlyResult(answer);
     if (!result)
         return search->finish();
@@ -93,8 +95,7 @@ void velaWebManager::getArtworkForSongName(const std::string& title, const std::
                                            ArtworkCompletion completion) {
     if (const auto stored = store().getImageForSongName(title, artist))
         return completion(stored);
-    auto search =
-        std::make_shared<CoverSearch>(CoverSearch{title, artist, defaultArtwork(), std::move(completion)});
+    auto search = std::make_shared<CoverSearch>(CoverSearch{title, artist, nullptr, std::move(completion)});
     const URLSession session({.timeoutIntervalForRequest = 30,
                               .timeoutIntervalForResource = 60,
                               .HTTPMaximumConnectionsPerHost = 1,
