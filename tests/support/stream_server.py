@@ -3,8 +3,8 @@
 
     stream_server.py MP3FILE
 
-Prints its port. The paths: "/radio" names "The Singer - First Song", then "Second" with a title that changes once
-a second; "/silent" accepts and never answers; "/broken" ends after some bytes; "/missing" is not found; "/hostile"
+Prints its port. The paths: "/radio" names "The Singer - First Song" and, a second later, "The Singer - Second Song";
+"/silent" accepts and never answers; "/broken" ends after some bytes; "/missing" is not found; "/hostile"
 names titles of damaged bytes and one that is too long; "/page" is a web page; "/file" is the file itself.
 """
 import http.server
