@@ -130,6 +130,10 @@ TEST_F(Phone, KnowsItsApplicationsNamesAndItsIconsSize) {
     const auto& controller = homescreen::SBApplicationController::sharedInstance();
     EXPECT_EQ(controller.displayName("com.apple.mobileslideshow"), "Photos");
     EXPECT_EQ(controller.displayName("org.example.nothing"), std::nullopt);
+    const auto photos = controller.applicationWithBundleIdentifier("com.apple.mobileslideshow");
+    ASSERT_NE(photos, nullptr);
+    EXPECT_EQ(photos->displayName(), "Photos");
+    EXPECT_EQ(controller.applicationWithBundleIdentifier("org.example.nothing"), nullptr);
     EXPECT_EQ(homescreen::SBIconView::defaultIconImageSize(), (Size{60, 60}));
     startTablet();
     EXPECT_EQ(homescreen::SBIconView::defaultIconImageSize(), (Size{76, 76}));
