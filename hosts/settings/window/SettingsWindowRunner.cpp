@@ -32,7 +32,16 @@ gboolean presentWindow(gpointer window) {
     return G_SOURCE_CONTINUE;
 }
 
+/// Without a graphics card the processor would have to stand in for one, and merely beginning that takes
+/// longer than painting every page.
+void chooseRenderer() {
+    std::error_code error;
+    if (!std::filesystem::exists("/dev/dri", error))
+        g_setenv("GSK_RENDERER", "cairo", FALSE);
+}
+
 void startToolkit() {
+    chooseRenderer();
     // What the desktop and screen readers call the program.
     g_set_prgname("vela-settings");
     g_set_application_name("Settings");
