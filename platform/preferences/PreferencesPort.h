@@ -1,5 +1,5 @@
-// What a host answers for pages and sheets that are presented, the settings application's host for all of it and
-// the home screen's for messages to share: the one interface between them and the world.
+// What a host answers for pages and sheets that are presented, the settings application's host for all of it
+// and the home screen's for messages to share: the one interface between them and the world.
 //
 // The host owns its port, sets it before it makes a page and keeps it until the process ends. Every call is
 // made on the main thread. While no port is set, nothing is presented or opened and no application is known.
