@@ -26,11 +26,11 @@ bool isUnread(GumboTag tag) {
 
 /// Elements that stand in a line of text; all others begin a block.
 bool isInline(GumboTag tag) {
-    constexpr GumboTag within[] = {GUMBO_TAG_A,    GUMBO_TAG_ABBR, GUMBO_TAG_B,   GUMBO_TAG_CITE,
-                                   GUMBO_TAG_CODE, GUMBO_TAG_EM,   GUMBO_TAG_I,   GUMBO_TAG_KBD,
-                                   GUMBO_TAG_MARK, GUMBO_TAG_Q,    GUMBO_TAG_S,   GUMBO_TAG_SMALL,
-                                   GUMBO_TAG_SPAN, GUMBO_TAG_SUB,  GUMBO_TAG_SUP, GUMBO_TAG_STRONG,
-                                   GUMBO_TAG_TIME, GUMBO_TAG_TT,   GUMBO_TAG_U,   GUMBO_TAG_VAR};
+    constexpr GumboTag within[] = {
+        GUMBO_TAG_A,    GUMBO_TAG_ABBR, GUMBO_TAG_B,    GUMBO_TAG_CITE,   GUMBO_TAG_CODE, GUMBO_TAG_EM,
+        GUMBO_TAG_I,    GUMBO_TAG_KBD,  GUMBO_TAG_MARK, GUMBO_TAG_Q,      GUMBO_TAG_S,    GUMBO_TAG_SMALL,
+        GUMBO_TAG_SPAN, GUMBO_TAG_SUB,  GUMBO_TAG_SUP,  GUMBO_TAG_STRONG, GUMBO_TAG_TIME, GUMBO_TAG_TT,
+        GUMBO_TAG_U,    GUMBO_TAG_VAR,  GUMBO_TAG_TD,   GUMBO_TAG_TH};
     return std::find(std::begin(within), std::end(within), tag) != std::end(within);
 }
 
@@ -87,6 +87,8 @@ private:
             enter(tag, context);
         } else
             context.style = styleWithin(tag, context.style);
+        if (const bool isCell = tag == GUMBO_TAG_TD || tag == GUMBO_TAG_TH; isCell && !current_.runs.empty())
+            add(" · ", context);
         for (unsigned child = 0; child < element.children.length; ++child)
             visit(*static_cast<const GumboNode*>(element.children.data[child]), context, depth + 1);
         if (begins)

@@ -36,6 +36,12 @@ TEST_F(PresentedTest, ReadsADocumentOfTheDevice) {
     EXPECT_TRUE(find("list item", "Twitter"));
 }
 
+TEST_F(PresentedTest, BringsATutorialForDevelopersAlong) {
+    start();
+    EXPECT_THAT(document(),
+                testing::AllOf(testing::StartsWith("Plug-ins\n"), testing::HasSubstr("Your first tile")));
+}
+
 TEST_F(PresentedTest, ShowsTheAddressOfADocumentThatCannotBeLoaded) {
     configure("Developer tutorial", "file:///Library/../../../etc/passwd");
     start();

@@ -34,6 +34,11 @@ TEST(HTMLBlocks, KeepTheStyleOfWordsWithinALine) {
               "P: a *bold  and _soft  `x = 1 .|");
 }
 
+TEST(HTMLBlocks, MakeALineOfATablesRow) {
+    EXPECT_EQ(blocks("<table><tr><th>a</th><th>b</th></tr><tr><td>1</td><td>2</td></tr></table>"),
+              "P: a · b|P: 1 · 2|");
+}
+
 TEST(HTMLBlocks, LeaveOutWhatIsNoText) {
     EXPECT_EQ(
         blocks("<head><title>t</title></head><script>run()</script><style>p{}</style><p>a<!-- b --></p>"),
