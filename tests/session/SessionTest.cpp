@@ -59,7 +59,7 @@ std::string SessionTest::log() const {
 
 TestClient& SessionTest::client() {
     if (!client_) {
-        client_ = std::make_unique<TestClient>(*compositor_);
+        client_ = std::make_unique<TestClient>(compositor_->runtimeDirectory(), compositor_->display());
         client_->setScreen(screenWidth, screenHeight);
     }
     return *client_;

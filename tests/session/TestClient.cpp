@@ -1,6 +1,5 @@
 #include "tests/session/TestClient.h"
 
-#include "tests/session/HeadlessCompositor.h"
 #include "tests/session/Patience.h"
 
 #include <algorithm>
@@ -91,8 +90,9 @@ void TestClient::State::listenToPointer() {
     wl_pointer_add_listener(pointer, &listener, this);
 }
 
-TestClient::TestClient(const HeadlessCompositor& compositor) : state_(std::make_unique<State>()) {
-    const std::string socket = compositor.runtimeDirectory() / compositor.display();
+TestClient::TestClient(const std::filesystem::path& runtimeDirectory, const std::string& display)
+    : state_(std::make_unique<State>()) {
+    const std::string socket = runtimeDirectory / display;
     state_->display = wl_display_connect(socket.c_str());
     if (!state_->display)
         throw std::runtime_error("no connection to the compositor");

@@ -1,18 +1,17 @@
 // A program of the test's own in the session: a hand on a pointer, and a window that notes what reaches it.
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace tests {
 
-class HeadlessCompositor;
-
 class TestClient {
 public:
     /// Throws std::runtime_error when there is no connection.
-    explicit TestClient(const HeadlessCompositor& compositor);
+    TestClient(const std::filesystem::path& runtimeDirectory, const std::string& display);
     ~TestClient();
 
     /// Opens a window over the whole screen and waits until it is shown.
