@@ -72,7 +72,7 @@ TEST_F(PagesTest, KeepsASliderWithinItsRange) {
 TEST_F(PagesTest, StoresAChoiceAndShowsItWithACheckMark) {
     start();
     openPage({"Configuration", "Grabber height, Full height"});
-    EXPECT_TRUE(find("list item", "Full height").has(ATSPI_STATE_SELECTED));
+    EXPECT_TRUE(waitUntil([&] { return find("list item", "Full height").has(ATSPI_STATE_SELECTED); }));
     press("list item", "Half height Top");
     EXPECT_TRUE(waitForPreference("Grabber height", "half_top"));
     EXPECT_TRUE(waitUntil([&] { return find("list item", "Half height Top").has(ATSPI_STATE_SELECTED); }));
@@ -110,7 +110,10 @@ TEST_F(PagesTest, NamesAndReachesEveryControl) {
     std::set<std::string> waited;
     for (const Accessible& control : window().all(isControl)) {
         EXPECT_NE(control.name(), "") << "a " << control.role();
-        if (control.isShown())
+        // The window's own buttons are the desktop's, which has keys for them.
+        const bool isWindowButton =
+            std::set<std::string>{"Minimize", "Maximize", "Close"}.contains(control.name());
+        if (control.isShown() && !isWindowButton)
             waited.insert(control.role() + " " + control.name());
     }
     EXPECT_GE(waited.size(), 17u);

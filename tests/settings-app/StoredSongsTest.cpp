@@ -90,6 +90,26 @@ TEST_F(StoredSongsTest, SavesAnEmptiedLyricAsEmpty) {
     EXPECT_TRUE(waitUntil([] { return PropertyList(dictionary(lyricsFile))["Alpha_@_A"].equals(""); }));
 }
 
+TEST_F(StoredSongsTest, GoesOnWritingWhileTheWindowChangesItsSize) {
+    storeLyrics({{"Alpha_@_A", "one"}});
+    start();
+    openPage({"Configuration", "Manage lyrics", "Alpha_@_A"});
+    focus(find("text", "Text"));
+    desktop().key("ctrl+End");
+    desktop().input({"type", "two"});
+    ASSERT_TRUE(waitUntil([&] { return find("text", "Text").text() == "onetwo"; }));
+    // As a keyboard on the screen makes a window lower.
+    const int before = find("text", "Text").frame().height;
+    desktop().input({"search", "--onlyvisible", "--name", "^Settings$", "windowsize", "460", "500"});
+    ASSERT_TRUE(waitUntil([&] { return find("text", "Text").frame().height < before - 100; }));
+    EXPECT_TRUE(find("text", "Text").has(ATSPI_STATE_FOCUSED));
+    desktop().input({"type", "three"});
+    EXPECT_TRUE(waitUntil([&] { return find("text", "Text").text() == "onetwothree"; }));
+    press("push button", "Save");
+    EXPECT_TRUE(
+        waitUntil([] { return PropertyList(dictionary(lyricsFile))["Alpha_@_A"].equals("onetwothree"); }));
+}
+
 TEST_F(StoredSongsTest, LeavesALyricAloneThatIsNotSaved) {
     storeLyrics({{"Alpha_@_A", "one"}});
     start();

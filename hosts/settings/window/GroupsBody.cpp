@@ -67,6 +67,9 @@ GroupsBody::GroupsBody(const std::shared_ptr<PSListController>& page)
     gtk_scrolled_window_set_child(GTK_SCROLLED_WINDOW(scroller_), clamp);
     gtk_widget_set_vexpand(scroller_, TRUE);
     gtk_widget_set_focusable(scroller_, FALSE); // its rows are
+    // GTK forgets what it was told of rows that no reader had met yet.
+    g_signal_connect_data(scroller_, "map", G_CALLBACK(+[](GroupsBody* self) { self->refresh(); }), this,
+                          nullptr, GConnectFlags(G_CONNECT_SWAPPED | G_CONNECT_AFTER));
     reload();
 }
 

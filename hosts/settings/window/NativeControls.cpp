@@ -6,7 +6,9 @@
 #include "platform/toolkit/views/UIButton.h"
 #include "platform/toolkit/views/UITextView.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace settings {
 
@@ -17,13 +19,30 @@ using toolkit::UITextView;
 
 constexpr int textMargin = 12;
 
-/// A signal handler's own reference to a view, which the signal's connection keeps.
+/// Answers the signal handler's own reference to a view, which the signal's connection keeps.
 template <class View>
-gulong connectToView(gpointer instance, const char* signal, GCallback callback,
-                     const std::shared_ptr<View>& view) {
-    return g_signal_connect_data(
-        instance, signal, callback, new std::weak_ptr<View>(view),
-        [](gpointer weak, GClosure*) { delete static_cast<std::weak_ptr<View>*>(weak); }, GConnectFlags(0));
+std::weak_ptr<View>* connectToView(gpointer instance, const char* signal, GCallback callback,
+                                   const std::shared_ptr<View>& view) {
+    auto* weak = new std::weak_ptr<View>(view);
+    g_signal_connect_data(
+        instance, signal, callback, weak,
+        [](gpointer kept, GClosure*) { delete static_cast<std::weak_ptr<View>*>(kept); }, GConnectFlags(0));
+    return weak;
+}
+
+std::string textOf(GtkTextBuffer* buffer) {
+    GtkTextIter begin, end;
+    gtk_text_buffer_get_bounds(buffer, &begin, &end);
+    gchar* text = gtk_text_buffer_get_text(buffer, &begin, &end, TRUE);
+    std::string result = text;
+    g_free(text);
+    return result;
+}
+
+/// Of a widget that newTextOver() has made.
+GtkTextBuffer* bufferOf(GtkWidget* scroller) {
+    return gtk_text_view_get_buffer(
+        GTK_TEXT_VIEW(gtk_scrolled_window_get_child(GTK_SCROLLED_WINDOW(scroller))));
 }
 
 GtkWidget* newButtonOver(const std::shared_ptr<UIButton>& button) {
@@ -44,14 +63,10 @@ void textChanged(GtkTextBuffer* buffer, gpointer weak) {
     const auto edited = static_cast<std::weak_ptr<UITextView>*>(weak)->lock();
     if (!edited)
         return;
-    GtkTextIter begin, end;
-    gtk_text_buffer_get_bounds(buffer, &begin, &end);
-    gchar* text = gtk_text_buffer_get_text(buffer, &begin, &end, TRUE);
     // The view tells of edits by the user alone, such as taking a character away. A tab stands by itself,
     // whatever is before it.
-    edited->setText(std::string(text) + "\t");
+    edited->setText(textOf(buffer) + "\t");
     edited->deleteBackward();
-    g_free(text);
     endTurn();
 }
 
@@ -72,8 +87,6 @@ GtkWidget* newTextOver(const std::shared_ptr<UITextView>& textView) {
     GtkTextIter begin;
     gtk_text_buffer_get_start_iter(buffer, &begin);
     gtk_text_buffer_place_cursor(buffer, &begin);
-    connectToView(buffer, "changed", G_CALLBACK(textChanged), textView);
-
     GtkWidget* scroller = gtk_scrolled_window_new();
     gtk_scrolled_window_set_policy(GTK_SCROLLED_WINDOW(scroller), GTK_POLICY_NEVER, GTK_POLICY_AUTOMATIC);
     gtk_scrolled_window_set_child(GTK_SCROLLED_WINDOW(scroller), widget);
@@ -86,28 +99,43 @@ GtkWidget* newTextOver(const std::shared_ptr<UITextView>& textView) {
 } // namespace
 
 void NativeControls::cover(const std::shared_ptr<toolkit::UIView>& root) {
-    for (const Cover& cover : covers_)
-        gtk_widget_unparent(cover.widget);
-    covers_.clear();
+    former_ = std::exchange(covers_, {});
     root_ = root;
     if (root)
         coverTree(root);
+    for (const Cover& cover : std::exchange(former_, {}))
+        gtk_widget_unparent(cover.widget);
 }
 
 void NativeControls::coverTree(const std::shared_ptr<toolkit::UIView>& view) {
     if (const auto button = std::dynamic_pointer_cast<UIButton>(view))
-        add(view, newButtonOver(button));
-    else if (const auto textView = std::dynamic_pointer_cast<UITextView>(view)) {
-        add(view, newTextOver(textView));
-        textView->setHidden(true);
-    } else
+        add({view, newButtonOver(button)});
+    else if (const auto textView = std::dynamic_pointer_cast<UITextView>(view))
+        coverText(textView);
+    else
         for (const auto& subview : view->subviews())
             coverTree(subview);
 }
 
-void NativeControls::add(const std::shared_ptr<toolkit::UIView>& view, GtkWidget* widget) {
-    gtk_widget_set_parent(widget, parent_);
-    covers_.push_back({view, widget});
+void NativeControls::coverText(const std::shared_ptr<UITextView>& textView) {
+    textView->setHidden(true);
+    const auto same = std::find_if(former_.begin(), former_.end(), [&](const Cover& cover) {
+        return cover.edited && textOf(bufferOf(cover.widget)) == displayed(textView->text());
+    });
+    if (same == former_.end()) {
+        GtkWidget* widget = newTextOver(textView);
+        add({textView, widget,
+             connectToView(bufferOf(widget), "changed", G_CALLBACK(textChanged), textView)});
+        return;
+    }
+    *same->edited = textView;
+    covers_.push_back({textView, same->widget, same->edited});
+    former_.erase(same);
+}
+
+void NativeControls::add(const Cover& cover) {
+    gtk_widget_set_parent(cover.widget, parent_);
+    covers_.push_back(cover);
 }
 
 void NativeControls::allocate() {

@@ -62,6 +62,7 @@ PageView::~PageView() {
 void PageView::addBackButton() {
     GtkWidget* button = gtk_button_new_from_icon_name("go-previous-symbolic");
     gtk_widget_set_tooltip_text(button, "Back");
+    setAccessibleName(button, "Back");
     g_signal_connect_swapped(button, "clicked", G_CALLBACK(+[](PageView* self) {
                                  const auto back = self->back_; // this goes on the way
                                  back();
