@@ -21,6 +21,19 @@ protected:
     static int middleX(const Accessible::Frame& frame) { return frame.x + frame.width / 2 + windowBorder; }
     static int middleY(const Accessible::Frame& frame) { return frame.y + frame.height / 2 + windowBorder; }
 
+    /// Where a control lies once its page has come to rest.
+    static Accessible::Frame restingFrame(const Accessible& control) {
+        Accessible::Frame before = control.frame();
+        int rests = 0;
+        waitUntil([&] {
+            const Accessible::Frame now = control.frame();
+            rests = now.x == before.x && now.y == before.y ? rests + 1 : 0;
+            before = now;
+            return rests >= 15; // a third of a second
+        });
+        return before;
+    }
+
     /// What a window without a shadow has around it.
     static constexpr int windowBorder = 5;
 };
@@ -45,7 +58,7 @@ TEST_F(StoredSongsTest, DeletesALyricByASwipeAndItsButton) {
     storeLyrics({{"Alpha_@_A", "one"}, {"Beta_@_B", "two"}});
     start();
     openPage({"Configuration", "Manage lyrics"});
-    const auto frame = find("list item", "Alpha_@_A").frame();
+    const auto frame = restingFrame(find("list item", "Alpha_@_A"));
     const int y = middleY(frame);
     EXPECT_FALSE(has("push button", "Delete Alpha_@_A"));
     desktop().input({"mousemove", std::to_string(middleX(frame)), std::to_string(y), "mousedown", "1"});
