@@ -48,17 +48,11 @@ bool isOnScreen(Side side) {
            !panel->frame().intersection(UIScreen::mainScreen().bounds()).isEmpty();
 }
 
-/// Whether any of it is on the screen now, on its way in or out.
-bool isSeen(Side side) {
+/// Whether it is on its way in or out, or rests on the screen. The end of its way belongs to it: what a panel
+/// does then would not be done if the other one took the dimming over a moment earlier.
+bool isUnderWay(Side side) {
     const UIWindow* panel = panelOf(side);
-    if (!panel || panel->isHidden())
-        return false;
-    const auto bounds = std::get<Rect>(panel->layer()->presented(toolkit::LayerProperty::Bounds));
-    return !panel->layer()
-                ->presentedToParent()
-                .apply(bounds)
-                .intersection(UIScreen::mainScreen().bounds())
-                .isEmpty();
+    return panel && !panel->isHidden() && (isOnScreen(side) || panel->layer()->hasAnimations());
 }
 
 } // namespace
@@ -98,7 +92,7 @@ void Panels::lookAgain() {
 }
 
 void Panels::showNext() {
-    if (!isSeen(other(*next_)))
+    if (!isUnderWay(other(*next_)))
         pull(*std::exchange(next_, std::nullopt));
 }
 
