@@ -10,7 +10,9 @@
 #include <csignal>
 #include <cstdio>
 #include <string_view>
+#include <utility>
 
+#include <glib-unix.h>
 #include <sys/prctl.h>
 
 namespace device {
@@ -51,10 +53,14 @@ std::optional<int> LyricsGatewayProcess::configuredPort() {
     return sound ? std::optional(port) : std::nullopt;
 }
 
-LyricsGatewayProcess::LyricsGatewayProcess(const std::vector<std::filesystem::path>& directories) {
+LyricsGatewayProcess::LyricsGatewayProcess(const std::vector<std::filesystem::path>& directories,
+                                           std::function<void()> settled)
+    : settled_(std::move(settled)) {
     const auto port = configuredPort();
-    if (!port)
+    if (!port) {
+        settle();
         return;
+    }
     command_ = {installedProgram("vela-lyrics-gateway"), "--port", std::to_string(*port)};
     for (const auto& directory : directories)
         command_.insert(command_.end(), {"--directory", directory});
@@ -62,8 +68,9 @@ LyricsGatewayProcess::LyricsGatewayProcess(const std::vector<std::filesystem::pa
 }
 
 LyricsGatewayProcess::~LyricsGatewayProcess() {
-    if (watch_ != 0)
-        g_source_remove(watch_);
+    for (const guint source : {watch_, outputWatch_})
+        if (source != 0)
+            g_source_remove(source);
     if (process_ != 0)
         kill(process_, SIGTERM);
 }
@@ -73,18 +80,42 @@ void LyricsGatewayProcess::start() {
     for (auto& argument : command_)
         arguments.push_back(argument.data());
     arguments.push_back(nullptr);
-    const auto flags =
-        GSpawnFlags(G_SPAWN_DO_NOT_REAP_CHILD | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
+    const auto flags = GSpawnFlags(G_SPAWN_DO_NOT_REAP_CHILD | G_SPAWN_STDERR_TO_DEV_NULL);
+    int output = -1;
     GError* error = nullptr;
-    if (!g_spawn_async(nullptr, arguments.data(), nullptr, flags, endWithParent, nullptr, &process_,
-                       &error)) {
+    if (!g_spawn_async_with_pipes(nullptr, arguments.data(), nullptr, flags, endWithParent, nullptr,
+                                  &process_, nullptr, &output, nullptr, &error)) {
         std::fprintf(stderr, "the lyrics gateway cannot be started: %s\n", error->message);
         g_error_free(error);
         process_ = 0;
-        return;
+        return settle();
     }
     watch_ = g_child_watch_add(
         process_, [](GPid, gint, gpointer self) { static_cast<LyricsGatewayProcess*>(self)->ended(); }, this);
+    listenTo(output);
+}
+
+/// It says its address when it stands, and nothing when it ends before: another one has the port.
+void LyricsGatewayProcess::listenTo(int output) {
+    outputWatch_ = g_unix_fd_add_full(
+        G_PRIORITY_DEFAULT, output, GIOCondition(G_IO_IN | G_IO_HUP),
+        [](gint, GIOCondition, gpointer self) -> gboolean {
+            static_cast<LyricsGatewayProcess*>(self)->heard();
+            return G_SOURCE_REMOVE;
+        },
+        this, nullptr);
+    output_ = foundation::FileDescriptor(output);
+}
+
+void LyricsGatewayProcess::heard() {
+    outputWatch_ = 0;
+    output_ = {};
+    settle();
+}
+
+void LyricsGatewayProcess::settle() {
+    if (settled_)
+        foundation::RunLoop::main().performOnMain(std::exchange(settled_, nullptr));
 }
 
 void LyricsGatewayProcess::ended() {

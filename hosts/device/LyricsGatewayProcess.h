@@ -5,11 +5,13 @@
 // it goes, this one takes its place. Main thread, with a main loop in real time.
 #pragma once
 
+#include "platform/foundation/FileDescriptor.h"
 #include "platform/foundation/Handle.h"
 
 #include <glib.h>
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,7 +25,10 @@ public:
 
     /// Starts it, if it is wanted and can be started. There must be a device root. Texts of lyrics are looked
     /// for in `directories` before anything on the network is asked.
-    explicit LyricsGatewayProcess(const std::vector<std::filesystem::path>& directories);
+    /// `settled` is called once, in a later turn: when lyrics can be asked for, or when it is clear that this
+    /// gateway will not be the one that answers.
+    explicit LyricsGatewayProcess(const std::vector<std::filesystem::path>& directories,
+                                  std::function<void()> settled = {});
     /// Ends it.
     ~LyricsGatewayProcess();
     LyricsGatewayProcess(const LyricsGatewayProcess&) = delete;
@@ -34,11 +39,17 @@ public:
 
 private:
     void start();
+    void listenTo(int output);
+    void heard();
+    void settle();
     void ended();
 
     std::vector<std::string> command_;
     GPid process_ = 0; // 0 while none runs
     guint watch_ = 0;
+    guint outputWatch_ = 0;
+    foundation::FileDescriptor output_; // until it has said that it stands
+    std::function<void()> settled_;
     foundation::Handle again_;
     double pause_ = 2; // seconds before the next try; longer each time
 };

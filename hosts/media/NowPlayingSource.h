@@ -15,7 +15,7 @@ namespace playback {
 class NowPlayingSource {
 public:
     /// What has changed; several at once come as several calls, in this order.
-    enum class Change { Playing, Info, Elapsed };
+    enum class Change { Playing, Info, Elapsed, Volume };
 
     virtual ~NowPlayingSource() = default;
 

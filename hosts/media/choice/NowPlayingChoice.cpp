@@ -1,5 +1,6 @@
 #include "hosts/media/choice/NowPlayingChoice.h"
 
+#include "hosts/media/Observers.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/media/MPUNowPlayingController.h"
 
@@ -33,6 +34,7 @@ struct NowPlayingChoice::State : std::enable_shared_from_this<State> {
     void noteStartsAndStops(Player& player);
     void reportLater();
     void report();
+    void reportElapsed() const;
     void updateTimer();
     std::shared_ptr<NowPlayingSource> best() const;
 
@@ -44,7 +46,9 @@ struct NowPlayingChoice::State : std::enable_shared_from_this<State> {
     bool playing = false;
     Pending pending;
     bool reportUnderWay = false;
+    bool elapsedFollowed = true;
     foundation::Handle timer;
+    Observers<> observers;
 };
 
 NowPlayingChoice::NowPlayingChoice() : state_(std::make_shared<State>()) {}
@@ -74,6 +78,18 @@ const std::vector<std::shared_ptr<NowPlayingSource>>& NowPlayingChoice::sources(
 
 std::shared_ptr<NowPlayingSource> NowPlayingChoice::chosen() const {
     return state_->best();
+}
+
+void NowPlayingChoice::setElapsedFollowed(bool followed) {
+    if (std::exchange(state_->elapsedFollowed, followed) == followed)
+        return;
+    if (followed && state_->chosen)
+        state_->reportElapsed();
+    state_->updateTimer();
+}
+
+foundation::Handle NowPlayingChoice::addObserver(std::function<void()> reported) {
+    return state_->observers.add(std::move(reported));
 }
 
 std::shared_ptr<NowPlayingSource> NowPlayingChoice::State::best() const {
@@ -135,19 +151,22 @@ void NowPlayingChoice::State::report() {
     if (tellsState || due.info)
         controller.infoDidChange(now ? now->nowPlayingInfo() : foundation::PropertyList());
     if (tellsState || due.info || due.elapsed)
-        controller.elapsedTimeDidChange(now ? now->elapsed() : 0);
+        reportElapsed();
     updateTimer();
+    observers.notify();
+}
+
+void NowPlayingChoice::State::reportElapsed() const {
+    media::MPUNowPlayingController::sharedController().elapsedTimeDidChange(chosen ? chosen->elapsed() : 0);
 }
 
 void NowPlayingChoice::State::updateTimer() {
-    const bool runs = chosen && chosen->isPlaying();
+    const bool runs = elapsedFollowed && chosen && chosen->isPlaying();
     if (runs == static_cast<bool>(timer))
         return;
     timer.reset();
     if (runs)
-        timer = foundation::RunLoop::main().scheduleTimer(elapsedInterval, true, [this] {
-            media::MPUNowPlayingController::sharedController().elapsedTimeDidChange(chosen->elapsed());
-        });
+        timer = foundation::RunLoop::main().scheduleTimer(elapsedInterval, true, [this] { reportElapsed(); });
 }
 
 } // namespace playback

@@ -28,6 +28,12 @@ public:
     /// Null when nothing plays or is paused anywhere.
     std::shared_ptr<NowPlayingSource> chosen() const;
 
+    /// Whether the elapsed time is reported while nothing but time passes, which costs a wake-up a second; so
+    /// it is at first. Whoever begins to follow it hears at once how it stands.
+    void setElapsedFollowed(bool followed);
+    /// Calls `reported` after each bunch of reports.
+    foundation::Handle addObserver(std::function<void()> reported);
+
 private:
     struct State;
     std::shared_ptr<State> state_;

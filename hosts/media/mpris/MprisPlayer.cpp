@@ -47,6 +47,14 @@ Variant entryOf(GVariant* properties, const char* name) {
     return Variant(g_variant_lookup_value(properties, name, nullptr));
 }
 
+/// Whether a list of texts holds this one; nothing for what is no such list.
+std::optional<bool> holds(GVariant* list, const char* text) {
+    if (!list || !g_variant_is_of_type(list, G_VARIANT_TYPE_STRING_ARRAY))
+        return std::nullopt;
+    const std::unique_ptr<const gchar*, void (*)(gpointer)> texts(g_variant_get_strv(list, nullptr), g_free);
+    return g_strv_contains(texts.get(), text);
+}
+
 /// The only value of an answer, out of its box, if it is of that type.
 Variant valueIn(GVariant* answer, const char* type) {
     if (!answer || !g_variant_is_of_type(answer, G_VARIANT_TYPE_TUPLE) || g_variant_n_children(answer) != 1)
@@ -57,11 +65,13 @@ Variant valueIn(GVariant* answer, const char* type) {
 
 } // namespace
 
-MprisPlayer::MprisPlayer(GDBusConnection* connection, std::string name, const std::string& owner)
+MprisPlayer::MprisPlayer(GDBusConnection* connection, std::string name, const std::string& owner,
+                         SongLookup lookUp)
     : connection_(G_DBUS_CONNECTION(g_object_ref(connection)), g_object_unref),
       cancellable_(g_cancellable_new(), g_object_unref),
       name_(std::move(name)),
-      owner_(owner) {
+      owner_(owner),
+      lookUp_(std::move(lookUp)) {
     listen();
     readProperties(mpris::applicationInterface);
     readProperties(mpris::playerInterface);
@@ -130,6 +140,7 @@ void MprisPlayer::takeApplication(GVariant* properties) {
         identity_ = *identity;
     if (entry)
         desktopEntry_ = *entry;
+    opensFiles_ = holds(entryOf(properties, "SupportedUriSchemes").get(), "file").value_or(opensFiles_);
     if (identity || entry)
         observers_.notify(Change::Playing);
 }
@@ -144,6 +155,8 @@ void MprisPlayer::takePlayer(GVariant* properties) {
         takeStatus(status.get());
     if (const Variant metadata = entryOf(properties, "Metadata"))
         takeTrack(metadata.get());
+    if (const auto volume = numberIn(entryOf(properties, "Volume").get()))
+        takeVolume(*volume);
 }
 
 void MprisPlayer::takeAll(GVariant* properties) {
@@ -180,7 +193,19 @@ void MprisPlayer::takeTrack(GVariant* metadata) {
         since_ = foundation::RunLoop::main().now();
         readPosition();
     }
+    song_ = lookUpSong();
     observers_.notify(Change::Info);
+}
+
+void MprisPlayer::lookUpSongAgain() {
+    const std::int64_t now = lookUpSong();
+    if (std::exchange(song_, now) != now)
+        observers_.notify(Change::Info);
+}
+
+void MprisPlayer::takeVolume(double volume) {
+    volume_ = std::clamp(volume, 0.0, 1.0); // some go further
+    observers_.notify(Change::Volume);
 }
 
 void MprisPlayer::setPosition(double seconds) {
@@ -213,6 +238,8 @@ foundation::PropertyList MprisPlayer::nowPlayingInfo() const {
     addText(media::kMRMediaRemoteNowPlayingInfoAlbum, track_.album);
     if (track_.duration > 0)
         info.emplace(media::kMRMediaRemoteNowPlayingInfoDuration, track_.duration);
+    if (song_ > 0)
+        info.emplace(media::kMRMediaRemoteNowPlayingInfoUniqueIdentifier, song_);
     return info;
 }
 
@@ -245,6 +272,16 @@ void MprisPlayer::setVolume(double volume) {
         call(mpris::propertiesInterface, "Set",
              g_variant_new("(ssv)", mpris::playerInterface, "Volume",
                            g_variant_new_double(std::clamp(volume, 0.0, 1.0))));
+}
+
+void MprisPlayer::open(const std::string& address, std::function<void()> refused) {
+    if (!opensFiles_)
+        return refused();
+    callMethod(connection_.get(), owner_, mpris::path, mpris::playerInterface, "OpenUri",
+               g_variant_new("(s)", address.c_str()), cancellable_.get(), [refused](GVariant* answer) {
+                   if (!answer)
+                       refused();
+               });
 }
 
 void MprisPlayer::launch() {

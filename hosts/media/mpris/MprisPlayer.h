@@ -8,6 +8,8 @@
 #include "hosts/media/Observers.h"
 #include "hosts/media/mpris/TrackMetadata.h"
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -15,11 +17,21 @@ namespace playback {
 
 class MprisPlayer final : public NowPlayingSource {
 public:
-    /// `name` is the player's name on the bus, `owner` the connection that holds it.
-    MprisPlayer(GDBusConnection* connection, std::string name, const std::string& owner);
+    /// Answers the persistent identifier of the library's song that a track is, 0 for none.
+    using SongLookup = std::function<std::int64_t(const TrackMetadata&)>;
+
+    /// `name` is the player's name on the bus, `owner` the connection that holds it. `lookUp` may be empty.
+    MprisPlayer(GDBusConnection* connection, std::string name, const std::string& owner, SongLookup lookUp);
     ~MprisPlayer() override;
 
     const std::string& busName() const { return name_; }
+    /// From 0 to 1; nothing for a player that has no volume of its own.
+    std::optional<double> volume() const { return volume_; }
+    /// Plays a local file ("file://…") in place of what it plays now. `refused` is called when it cannot, at
+    /// once or in a later turn.
+    void open(const std::string& address, std::function<void()> refused);
+    /// The library has changed: the song is looked up again.
+    void lookUpSongAgain();
 
     /// That of the player's desktop entry, or else its name on the bus.
     std::string bundleIdentifier() const override;
@@ -46,6 +58,8 @@ private:
     void takePlayer(GVariant* properties);
     void takeStatus(GVariant* status);
     void takeTrack(GVariant* metadata);
+    void takeVolume(double volume);
+    std::int64_t lookUpSong() const { return lookUp_ && track_.isTrack() ? lookUp_(track_) : 0; }
     void setPosition(double seconds);
     void call(const char* interface, const char* method, GVariant* arguments = nullptr);
 
@@ -53,6 +67,7 @@ private:
     std::shared_ptr<GCancellable> cancellable_;
     std::string name_;
     std::string owner_;
+    SongLookup lookUp_;
     std::vector<foundation::Handle> signals_;
     Observers<Change> observers_;
 
@@ -60,6 +75,9 @@ private:
     std::string desktopEntry_;
     Status status_ = Status::Stopped;
     TrackMetadata track_;
+    std::int64_t song_ = 0; // of the library
+    std::optional<double> volume_;
+    bool opensFiles_ = true; // unless it says otherwise
     double rate_ = 1;
     double position_ = 0; // seconds, at `since_`
     double since_ = 0;    // run loop time

@@ -28,13 +28,19 @@ bool isPlayerName(std::string_view name) {
 
 } // namespace
 
-MprisPlayers::MprisPlayers(SessionBus& bus, NowPlayingChoice& choice) : bus_(bus), choice_(choice) {
+MprisPlayers::MprisPlayers(SessionBus& bus, NowPlayingChoice& choice, MprisPlayer::SongLookup lookUp)
+    : bus_(bus), choice_(choice), lookUp_(std::move(lookUp)) {
     busObserver_ = bus_.addObserver([this] { busChanged(); });
     busChanged();
 }
 
 MprisPlayers::~MprisPlayers() {
     removeAll();
+}
+
+void MprisPlayers::lookUpSongsAgain() {
+    for (const auto& [name, player] : players_)
+        player->lookUpSongAgain();
 }
 
 void MprisPlayers::removeAll() {
@@ -106,7 +112,7 @@ void MprisPlayers::setOwner(const std::string& name, const std::string& owner) {
     if (owner.empty() || owner == g_dbus_connection_get_unique_name(bus_.connection()) ||
         players_.size() >= mostPlayers)
         return;
-    const auto player = std::make_shared<MprisPlayer>(bus_.connection(), name, owner);
+    const auto player = std::make_shared<MprisPlayer>(bus_.connection(), name, owner, lookUp_);
     players_.emplace(name, player);
     choice_.add(player);
 }

@@ -14,11 +14,14 @@ namespace playback {
 
 class MprisPlayers {
 public:
-    /// Both must outlive this.
-    MprisPlayers(SessionBus& bus, NowPlayingChoice& choice);
+    /// Both must outlive this. Without a `lookUp` no track is known as a song of the library.
+    MprisPlayers(SessionBus& bus, NowPlayingChoice& choice, MprisPlayer::SongLookup lookUp = {});
     MprisPlayers(const MprisPlayers&) = delete;
     MprisPlayers& operator=(const MprisPlayers&) = delete;
     ~MprisPlayers();
+
+    /// The library has changed.
+    void lookUpSongsAgain();
 
 private:
     void busChanged();
@@ -31,6 +34,7 @@ private:
 
     SessionBus& bus_;
     NowPlayingChoice& choice_;
+    MprisPlayer::SongLookup lookUp_;
     foundation::Handle busObserver_;
     foundation::Handle owners_;
     std::shared_ptr<GCancellable> cancellable_;

@@ -2,17 +2,14 @@
 
 #include "hosts/media/engine/GStreamerEngine.h"
 #include "hosts/media/library/IndexedMusicLibrary.h"
-
-#include <glib.h>
+#include "hosts/media/library/UserMusicDirectory.h"
 
 namespace phone {
 
 std::optional<std::filesystem::path> musicDirectory(const Options& options) {
     if (options.musicDirectory || options.headless)
         return options.musicDirectory;
-    if (const char* directory = g_get_user_special_dir(G_USER_DIRECTORY_MUSIC))
-        return directory;
-    return std::filesystem::path(g_get_home_dir()) / "Music";
+    return playback::userMusicDirectory();
 }
 
 void setUpMusic(const Options& options, PhoneConfiguration& configuration) {

@@ -120,7 +120,8 @@ Rect SessionHomeScreen::visibleKeyboardFrame() const {
 }
 
 std::optional<std::string> SessionHomeScreen::displayName(const std::string& bundleIdentifier) const {
-    return applicationName(bundleIdentifier);
+    auto name = applicationName(bundleIdentifier);
+    return name ? name : configuration_.playerName(bundleIdentifier);
 }
 
 } // namespace session

@@ -27,6 +27,8 @@ public:
         std::function<std::shared_ptr<const toolkit::Image>()> capture;
         /// Called when isLocked() has changed.
         std::function<void()> lockChanged;
+        /// The name of an application that plays music but has no desktop entry; nothing for any other.
+        std::function<std::optional<std::string>(const std::string& bundleIdentifier)> playerName;
     };
     /// There must be a main run loop. Sets the process's identity and the current host port.
     SessionHomeScreen(Bus& session, Bus& system, Configuration configuration);

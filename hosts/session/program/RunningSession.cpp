@@ -35,9 +35,9 @@ RunningSession::RunningSession(const Options& options, foundation::GlibRunLoop& 
                    [this] {
                        if (screen_)
                            screen_->setWithheld(homeScreen_.isLocked());
-                   }}),
-      panels_(homeScreen_.springBoard(),
-              {[this] { return mayShowPanels(); }, [this] { control_.announce(); }}),
+                   },
+                   [this](const std::string& application) { return music_.port().playerName(application); }}),
+      panels_(homeScreen_.springBoard(), {[this] { return mayShowPanels(); }, [this] { shownHasChanged(); }}),
       control_(sessionBus_, panels_, [this] { return describeState(); }) {
     toolkit::setFontDirectory((device::resourceDirectory() / "fonts").c_str(), false);
     plugins::setTimeOfDaySource(timeOfDay);
@@ -124,6 +124,11 @@ void RunningSession::reconnect() {
 
 bool RunningSession::mayShowPanels() const {
     return screen_ && screen_->output() && homeScreen_.isDisplayOn() && !homeScreen_.isLocked();
+}
+
+void RunningSession::shownHasChanged() {
+    music_.setWatched(panels_.shown() == Side::Right);
+    control_.announce();
 }
 
 std::string RunningSession::describeState() const {

@@ -8,6 +8,7 @@
 #include "hosts/script/NotificationRecorder.h"
 #include "hosts/session/bus/ControlService.h"
 #include "hosts/session/homescreen/SessionHomeScreen.h"
+#include "hosts/session/media/SessionMusic.h"
 #include "hosts/session/program/Options.h"
 #include "hosts/session/surfaces/SessionScreen.h"
 #include "hosts/session/wayland/Toplevels.h"
@@ -27,6 +28,7 @@ private:
     const Output* wantedOutput() const;
     void connectionLost();
     bool mayShowPanels() const;
+    void shownHasChanged();
     std::string describeState() const;
 
     foundation::GlibRunLoop& loop_;
@@ -39,6 +41,7 @@ private:
     std::unique_ptr<Toplevels> toplevels_;
     std::unique_ptr<SessionScreen> screen_;
     SessionHomeScreen homeScreen_;
+    SessionMusic music_;
     Panels panels_;
     ControlService control_;
     foundation::Handle retry_;
