@@ -79,6 +79,11 @@ public:
                                                     "ReleaseName", g_variant_new("(s)", name_.c_str()),
                                                     nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
     }
+    /// Answers calls of that method with an error from now on.
+    void refuse(const std::string& method) {
+        std::lock_guard lock(mutex_);
+        refused_ = method;
+    }
     /// The methods that were called, with their arguments: "SetPosition('/track', 5000000)".
     std::vector<std::string> calls() const {
         std::lock_guard lock(mutex_);
@@ -95,14 +100,23 @@ private:
         auto& self = *static_cast<FakePlayer*>(data);
         if (!incoming || g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_METHOD_CALL)
             return message;
-        GDBusMessage* reply = g_dbus_message_new_method_reply(message);
+        const bool refuses = self.refuses(g_dbus_message_get_member(message));
+        GDBusMessage* reply =
+            refuses ? g_dbus_message_new_method_error_literal(
+                          message, "org.freedesktop.DBus.Error.NotSupported", "This player does not.")
+                    : g_dbus_message_new_method_reply(message);
         if (GVariant* answer =
-                self.answer(g_dbus_message_get_member(message), g_dbus_message_get_body(message)))
+                refuses ? nullptr
+                        : self.answer(g_dbus_message_get_member(message), g_dbus_message_get_body(message)))
             g_dbus_message_set_body(reply, answer);
         g_dbus_connection_send_message(connection, reply, G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
         g_object_unref(reply);
         g_object_unref(message);
         return nullptr;
+    }
+    bool refuses(const std::string& method) const {
+        std::lock_guard lock(mutex_);
+        return method == refused_;
     }
     GVariant* answer(const std::string& method, GVariant* arguments) {
         std::lock_guard lock(mutex_);
@@ -134,6 +148,7 @@ private:
     mutable std::mutex mutex_; // the bus calls on a thread of its own
     std::map<std::string, std::map<std::string, GVariant*>> properties_;
     std::vector<std::string> calls_;
+    std::string refused_;
     std::size_t positionReads_ = 0;
 };
 

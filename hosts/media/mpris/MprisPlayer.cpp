@@ -47,14 +47,6 @@ Variant entryOf(GVariant* properties, const char* name) {
     return Variant(g_variant_lookup_value(properties, name, nullptr));
 }
 
-/// Whether a list of texts holds this one; nothing for what is no such list.
-std::optional<bool> holds(GVariant* list, const char* text) {
-    if (!list || !g_variant_is_of_type(list, G_VARIANT_TYPE_STRING_ARRAY))
-        return std::nullopt;
-    const std::unique_ptr<const gchar*, void (*)(gpointer)> texts(g_variant_get_strv(list, nullptr), g_free);
-    return g_strv_contains(texts.get(), text);
-}
-
 /// The only value of an answer, out of its box, if it is of that type.
 Variant valueIn(GVariant* answer, const char* type) {
     if (!answer || !g_variant_is_of_type(answer, G_VARIANT_TYPE_TUPLE) || g_variant_n_children(answer) != 1)
@@ -140,7 +132,6 @@ void MprisPlayer::takeApplication(GVariant* properties) {
         identity_ = *identity;
     if (entry)
         desktopEntry_ = *entry;
-    opensFiles_ = holds(entryOf(properties, "SupportedUriSchemes").get(), "file").value_or(opensFiles_);
     if (identity || entry)
         observers_.notify(Change::Playing);
 }
@@ -275,8 +266,6 @@ void MprisPlayer::setVolume(double volume) {
 }
 
 void MprisPlayer::open(const std::string& address, std::function<void()> refused) {
-    if (!opensFiles_)
-        return refused();
     callMethod(connection_.get(), owner_, mpris::path, mpris::playerInterface, "OpenUri",
                g_variant_new("(s)", address.c_str()), cancellable_.get(), [refused](GVariant* answer) {
                    if (!answer)

@@ -27,8 +27,8 @@ public:
     const std::string& busName() const { return name_; }
     /// From 0 to 1; nothing for a player that has no volume of its own.
     std::optional<double> volume() const { return volume_; }
-    /// Plays a local file ("file://…") in place of what it plays now. `refused` is called when it cannot, at
-    /// once or in a later turn.
+    /// Plays a local file ("file://…") in place of what it plays now, whichever addresses it says that it
+    /// takes: some say less than they do. `refused` is called in a later turn when it cannot.
     void open(const std::string& address, std::function<void()> refused);
     /// The library has changed: the song is looked up again.
     void lookUpSongAgain();
@@ -77,7 +77,6 @@ private:
     TrackMetadata track_;
     std::int64_t song_ = 0; // of the library
     std::optional<double> volume_;
-    bool opensFiles_ = true; // unless it says otherwise
     double rate_ = 1;
     double position_ = 0; // seconds, at `since_`
     double since_ = 0;    // run loop time
