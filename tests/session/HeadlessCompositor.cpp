@@ -45,7 +45,7 @@ std::vector<std::string> HeadlessCompositor::commandLine() const {
         command = {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"};
     const std::vector<std::string> program =
         kind_ == Kind::Sway ? std::vector<std::string>{"sway", "-c", directory_.path() / "sway.conf"}
-                            : std::vector<std::string>{"phoc", "-C", directory_.path() / "phoc.ini", "-S"};
+                            : std::vector<std::string>{"phoc", "-C", directory_.path() / "phoc.ini"};
     command.insert(command.end(), program.begin(), program.end());
     return command;
 }

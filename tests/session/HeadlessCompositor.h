@@ -31,7 +31,8 @@ public:
     void stop();
     /// What its clients need: "WAYLAND_DISPLAY=…", "XDG_RUNTIME_DIR=…".
     std::vector<std::string> environment() const;
-    std::string display() const { return "wayland-1"; }
+    /// As the compositor chooses it in an empty runtime directory.
+    std::string display() const { return kind_ == Kind::Sway ? "wayland-1" : "wayland-0"; }
     const std::filesystem::path& runtimeDirectory() const { return directory_.path(); }
     /// A command to Sway, "output HEADLESS-1 transform 90".
     bool command(const std::string& text) const;

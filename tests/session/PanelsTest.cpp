@@ -124,6 +124,17 @@ TEST_F(SessionPanels, FramesAndFlagsAreThePhonesForTheSameScript) {
     EXPECT_EQ(productWindows(state()), productWindows(phone.state("end.json")));
 }
 
+TEST_F(SessionPanels, APhonesCompositorShowsThemAsWell) {
+    start({}, HeadlessCompositor::Kind::Phoc);
+    const std::string background = pixel(20, 300);
+    ASSERT_TRUE(request("Show", "right"));
+    ASSERT_TRUE(waitForRest("right"));
+    EXPECT_TRUE(eventually([&] { return pixel(700, 300) != background; }));
+    ASSERT_TRUE(request("Dismiss"));
+    ASSERT_TRUE(waitForRest(""));
+    EXPECT_TRUE(eventually([&] { return pixel(700, 300) == background && pixel(20, 300) == background; }));
+}
+
 TEST_F(SessionPanels, TheScreenBesideAPanelIsDimmed) {
     start();
     ASSERT_EQ(pixel(20, 300), "#336699");

@@ -35,8 +35,9 @@ private:
     SolidPixels& pixels_;
     Glass& glass_;
     Callbacks callbacks_;
+    /// By the window's layer. They go after the stage itself: phoc 0.24 does not survive the other order.
+    std::map<std::uint64_t, WindowPieces> windows_;
     LayerSurface surface_;
-    std::map<std::uint64_t, WindowPieces> windows_; // by the window's layer
     std::vector<std::uint64_t> order_;
     std::vector<PointRect> touchable_;
     KeyboardUse keyboardUse_ = KeyboardUse::None;

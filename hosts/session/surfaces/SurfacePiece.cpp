@@ -61,11 +61,11 @@ void SurfacePiece::showPicture(ShmBuffer& buffer, const toolkit::Rect& source, c
     commit();
 }
 
+/// One clear pixel: some compositors (phoc 0.24) do not survive it when a subsurface of a layer's goes while
+/// that stays.
 void SurfacePiece::hide() {
-    if (!attached_)
-        return;
-    attach(nullptr);
-    commit();
+    if (attached_)
+        showPixel(0, {0, 0, 1, 1});
 }
 
 void SurfacePiece::place(const PointRect& place, const std::optional<toolkit::Rect>& source) {
