@@ -42,15 +42,22 @@ SessionScreen::SessionScreen(Connection& connection, Callbacks callbacks)
       callbacks_(std::move(callbacks)),
       pixels_(connection.globals()),
       glass_(*connection.globals().shm) {
-    if (auto seat = connection.globals().bindSeat())
-        seat_ = std::make_unique<Seat>(std::move(seat), *this);
+    takeSeat();
+    connection.globals().setSeatOffered([this] { takeSeat(); });
     reportMissingProtocols();
     commitHook_ =
         foundation::RunLoop::main().addTurnHook(foundation::TurnPhase::Commit, [this] { present(); });
 }
 
 SessionScreen::~SessionScreen() {
+    connection_.globals().setSeatOffered({});
     fingersCancelled();
+}
+
+/// Some compositors have no seat before there is something to touch or type with.
+void SessionScreen::takeSeat() {
+    if (auto seat = connection_.globals().bindSeat())
+        seat_ = std::make_unique<Seat>(std::move(seat), *this);
 }
 
 void SessionScreen::reportMissingProtocols() const {
@@ -65,7 +72,6 @@ void SessionScreen::reportMissingProtocols() const {
     report(globals.screencopy != nullptr,
            "no screen copies: glass is plain, and its automatic style is light");
     report(globals.xdgOutputs != nullptr, "no xdg-output: scales between whole numbers are not seen");
-    report(seat_ != nullptr, "no seat: panels are called over D-Bus only");
 }
 
 // ---- Output

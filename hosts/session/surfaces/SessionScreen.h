@@ -61,6 +61,7 @@ private:
     void takeDownStage();
     void takeDownStrips();
     void useKeyboard(const Windows& windows);
+    void takeSeat();
     void reportMissingProtocols() const;
     std::optional<toolkit::Point> originOf(wl_surface* surface) const;
     void cancelFingersOn(wl_surface* surface);

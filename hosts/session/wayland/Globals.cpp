@@ -48,8 +48,11 @@ void Globals::announced(std::uint32_t name, const std::string& interface, std::u
     bind(viewporter, wp_viewporter_interface, 1);
     bind(singlePixelBuffers, wp_single_pixel_buffer_manager_v1_interface, 1);
     bind(screencopy, zwlr_screencopy_manager_v1_interface, 3);
-    if (interface == wl_seat_interface.name && seat_.name == 0)
+    if (interface == wl_seat_interface.name && seat_.name == 0) {
         seat_ = {name, version};
+        if (seatOffered_)
+            seatOffered_();
+    }
     if (interface == zwlr_foreign_toplevel_manager_v1_interface.name)
         toplevels_ = {name, version};
     const bool describes = bind(xdgOutputs, zxdg_output_manager_v1_interface, 3);

@@ -37,6 +37,9 @@ public:
     Proxy<wl_seat> bindSeat(); // the first one
     Proxy<zwlr_foreign_toplevel_manager_v1> bindToplevels();
 
+    /// Called when there is a seat to be bound that was not there before.
+    void setSeatOffered(std::function<void()> offered) { seatOffered_ = std::move(offered); }
+
     /// In the order in which they came.
     const std::vector<std::unique_ptr<Output>>& outputs() const { return outputs_; }
     /// Called after an output has come, changed or gone.
@@ -59,6 +62,7 @@ private:
     Proxy<wl_registry> registry_;
     std::vector<std::unique_ptr<Output>> outputs_;
     std::function<void()> outputsChanged_;
+    std::function<void()> seatOffered_;
     Offer seat_;
     Offer toplevels_;
 };
