@@ -89,6 +89,18 @@ TEST(Panels, CloseAtAPressOfHomeWhichDoesNothingElse) {
     EXPECT_EQ(run.state("home.json")["frontmost"], "");
 }
 
+TEST(Panels, CloseOnTheLeftToo) {
+    const PhoneRun run(openLeft + "press home\nwait 0.35\nstate home.json\n" + openLeft +
+                       "press home\nwait 0.1\npress home\nwait 0.35\nstate twice.json\n" + openLeft +
+                       "press lock\nwait 0.35\nstate lock.json\n");
+    for (const char* name : {"home.json", "twice.json", "lock.json"}) {
+        const json state = run.state(name);
+        EXPECT_FALSE(shown(state, "left")) << name;
+        EXPECT_EQ(panel(state, "left")["hidden"], true) << name;
+        EXPECT_EQ(PhoneRun::window(state, "darkingWindow")["alpha"], 0.0) << name;
+    }
+}
+
 TEST(Panels, CloseWhenTheDisplayTurnsOff) {
     const PhoneRun run(openRight + "press lock\nwait 0.5\nstate state.json\n");
     EXPECT_FALSE(shown(run.state(), "right"));

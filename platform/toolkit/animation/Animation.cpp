@@ -110,11 +110,15 @@ void AnimationEngine::closeGroup(const std::shared_ptr<AnimationGroup>& group) {
     });
 }
 
-/// One of the group's changes is no longer shown: taken over, or its layer is gone.
-void AnimationEngine::groupLost(const std::shared_ptr<AnimationGroup>& group, bool taken) {
+/// One of the group's changes is no longer shown.
+void AnimationEngine::groupLost(const std::shared_ptr<AnimationGroup>& group, Loss loss) {
     --group->running_;
-    group->interrupted_ = group->interrupted_ || taken;
-    if (group->running_ == 0 && !group->open_)
+    const bool ends = group->running_ == 0 && !group->open_;
+    // What a newer animation brings to the same value comes about all the same, and does not count as long as
+    // something of the group is left that says when it ends.
+    if (loss == Loss::Taken || (loss == Loss::TakenToSameValue && ends))
+        group->interrupted_ = true;
+    if (ends)
         endSoon(group);
 }
 
@@ -154,13 +158,14 @@ void AnimationEngine::endSoon(const std::shared_ptr<AnimationGroup>& group) {
 void AnimationEngine::layerWillSet(Layer& layer, LayerProperty property, const AnimatableValue& newValue) {
     if (!isRecording()) {
         if (layer.hasAnimations())
-            interrupt(layer, property);
+            interrupt(layer, property, nullptr);
         return;
     }
     const AnimatableValue from = layer.presented(property);
-    interrupt(layer, property);
     const auto& group = *state_->blocks.back();
-    if (from != newValue && group.delay_ + group.duration_ > 0)
+    const bool takesTime = group.delay_ + group.duration_ > 0;
+    interrupt(layer, property, takesTime ? &newValue : nullptr);
+    if (from != newValue && takesTime)
         record(layer, property, from, newValue);
 }
 
@@ -182,25 +187,27 @@ void AnimationEngine::record(Layer& layer, LayerProperty property, const Animata
     Layer::noteChange();
 }
 
-/// Ends the view animations of one property; keyed ones lie over the model value and stay.
-void AnimationEngine::interrupt(Layer& layer, LayerProperty property) {
+/// Ends the view animations of one property; keyed ones lie over the model value and stay. `newTarget` is where
+/// a newer animation brings it, null when there is none.
+void AnimationEngine::interrupt(Layer& layer, LayerProperty property, const AnimatableValue* newTarget) {
     if (!layer.hasAnimations())
         return;
-    std::vector<std::shared_ptr<AnimationGroup>> lost;
+    std::vector<std::pair<std::shared_ptr<AnimationGroup>, Loss>> lost;
     std::erase_if(layer.ensureAnimations().running(), [&](const Running& running) {
         if (running.property != property || !running.group)
             return false;
-        lost.push_back(running.group);
+        const bool same = newTarget && *newTarget == running.to;
+        lost.emplace_back(running.group, same ? Loss::TakenToSameValue : Loss::Taken);
         return true;
     });
     if (lost.empty())
         return;
     forgetIfIdle(layer);
     Layer::noteChange();
-    for (const auto& group : lost) {
+    for (const auto& [group, loss] : lost) {
         // A block that sets a property twice takes nothing over from anyone.
-        const bool taken = state_->blocks.empty() || state_->blocks.back() != group;
-        groupLost(group, taken);
+        const bool ownBlock = !state_->blocks.empty() && state_->blocks.back() == group;
+        groupLost(group, ownBlock ? Loss::Harmless : loss);
     }
 }
 
@@ -209,7 +216,7 @@ void AnimationEngine::layerWillDisappear(Layer& layer) {
     const std::vector<Running> running = std::exchange(layer.ensureAnimations().running(), {});
     for (const Running& one : running) {
         if (one.group)
-            groupLost(one.group, true);
+            groupLost(one.group, Loss::Taken);
         if (one.transaction)
             transactionLost(one.transaction);
     }
@@ -320,7 +327,7 @@ void AnimationEngine::transact(bool disableActions, const std::function<void()>&
 }
 
 void AnimationEngine::transactionLost(const std::shared_ptr<AnimationGroup>& transaction) {
-    groupLost(transaction, false);
+    groupLost(transaction, Loss::Harmless);
 }
 
 void performTransaction(bool disableActions, const std::function<void()>& changes,

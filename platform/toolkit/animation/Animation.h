@@ -66,8 +66,11 @@ private:
     AnimationEngine();
     bool isRecording() const;
     void record(Layer& layer, LayerProperty property, const AnimatableValue& from, const AnimatableValue& to);
-    void interrupt(Layer& layer, LayerProperty property);
-    void groupLost(const std::shared_ptr<AnimationGroup>& group, bool taken);
+    void interrupt(Layer& layer, LayerProperty property, const AnimatableValue* newTarget);
+    /// How a change of a group comes to be shown no longer: set once more by its own block or at its end, or
+    /// taken by somebody else.
+    enum class Loss { Harmless, TakenToSameValue, Taken };
+    void groupLost(const std::shared_ptr<AnimationGroup>& group, Loss loss);
     void closeGroup(const std::shared_ptr<AnimationGroup>& group);
     void endGroup(const std::shared_ptr<AnimationGroup>& group);
     void endSoon(const std::shared_ptr<AnimationGroup>& group);

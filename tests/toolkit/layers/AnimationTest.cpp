@@ -256,6 +256,24 @@ TEST_F(AnimationTest, EndsAtItsOwnTimeWhenOnlyPartOfItWasTakenOver) {
     EXPECT_THAT(transcript.take(), ElementsAre("1 both taken over"));
 }
 
+TEST_F(AnimationTest, FinishesWhenANewerOneBringsPartOfItToTheSameValue) {
+    animate(
+        1,
+        [&] {
+            layer->setOpacity(0);
+            layer->setPosition({100, 0});
+        },
+        "both");
+    loop.advance(0.5);
+    animate(
+        1, [&] { layer->setOpacity(0); }, "same");
+    loop.advance(0.5);
+    EXPECT_THAT(transcript.take(), ElementsAre("1 both finished"));
+    EXPECT_THAT(shownOpacity(), DoubleNear(0.25, 1e-12));
+    loop.advance(0.5);
+    EXPECT_THAT(transcript.take(), ElementsAre("1.5 same finished"));
+}
+
 TEST_F(AnimationTest, EndsWhenAllItsLayersAreGone) {
     auto other = std::make_shared<Layer>();
     animate(
