@@ -11,8 +11,9 @@ namespace session {
 
 namespace {
 
-/// The pointer's button is a finger of its own, beside those of the touch screen, which count from 0.
-constexpr std::int64_t pointerFinger = -1;
+/// The pointer's button is a finger of its own, beside those of the touch screen, which count from 0 and
+/// never come as far.
+constexpr std::int64_t pointerFinger = 1'000'000'000;
 
 toolkit::Point pointOf(wl_fixed_t x, wl_fixed_t y) {
     return {wl_fixed_to_double(x), wl_fixed_to_double(y)};

@@ -18,7 +18,8 @@ class TouchDispatcher {
 public:
     static TouchDispatcher& shared();
 
-    /// `timestamp` in seconds of the run loop's time, `screenPoint` in points of the screen as it now stands.
+    /// `identifier` tells fingers apart and is 0 or more, `timestamp` is in seconds of the run loop's time,
+    /// `screenPoint` in points of the screen as it now stands.
     void touchDown(std::int64_t identifier, Point screenPoint, double timestamp);
     void touchMove(std::int64_t identifier, Point screenPoint, double timestamp);
     void touchUp(std::int64_t identifier, double timestamp);

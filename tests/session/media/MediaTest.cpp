@@ -4,7 +4,9 @@
 #include "tests/support/MusicFiles.h"
 
 #include <algorithm>
+#include <array>
 #include <fstream>
+#include <optional>
 #include <thread>
 
 namespace tests {
@@ -72,6 +74,17 @@ protected:
         return "{'mpris:trackid': <objectpath '/t'>, 'mpris:length': <int64 60000000>, 'xesam:title': <'" +
                song + "'>, 'xesam:artist': <['" + by + "']>}";
     }
+    /// The middle of the transport button that bears `sign`, in points of the screen.
+    static std::optional<std::array<double, 2>> centreOfButton(const nlohmann::json& view,
+                                                               const std::string& sign) {
+        const std::array<double, 4> frame = view["frame"];
+        if (view["class"] == "MPUTransportButton" && view["properties"]["sign"] == sign)
+            return std::array{frame[0] + frame[2] / 2, frame[1] + frame[3] / 2};
+        for (const auto& subview : view["subviews"])
+            if (const auto found = centreOfButton(subview, sign))
+                return std::array{frame[0] + (*found)[0], frame[1] + (*found)[1]};
+        return std::nullopt;
+    }
     void showPanel() {
         ASSERT_TRUE(request("Show", "right"));
         ASSERT_TRUE(waitForRest("right"));
@@ -104,6 +117,21 @@ TEST_F(SessionMedia, APlayersSongIsOnThePanel) {
     EXPECT_TRUE(panelSays("mpv")) << "the player's name above all";
     EXPECT_TRUE(panelSays("A Song"));
     EXPECT_TRUE(panelSays("Somebody"));
+}
+
+TEST_F(SessionMedia, TheControlsStopThePlayerAndLetItGoOn) {
+    start();
+    play(makeSong("A Song", "Somebody"));
+    ASSERT_TRUE(shows("A Song")) << nowPlaying();
+    ASSERT_TRUE(eventually([&] { return nowPlaying()["playing"] == true; }));
+    showPanel();
+    const auto pause = centreOfButton(window("rightController"), "pause");
+    ASSERT_TRUE(pause);
+    tap((*pause)[0], (*pause)[1]);
+    EXPECT_TRUE(eventually([&] { return nowPlaying()["playing"] == false; }));
+    EXPECT_TRUE(eventually([&] { return centreOfButton(window("rightController"), "play").has_value(); }));
+    tap((*pause)[0], (*pause)[1]);
+    EXPECT_TRUE(eventually([&] { return nowPlaying()["playing"] == true; }));
 }
 
 TEST_F(SessionMedia, ASongOfTheDiskComesWithItsRelativesWhichThePlayerThenPlays) {
