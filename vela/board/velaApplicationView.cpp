@@ -166,15 +166,20 @@ void velaApplicationView::animationToOpenToAppIndex(std::int32_t openIndex) {
         });
 }
 
+void velaApplicationView::comeToRest(bool open) {
+    isAnimating_ = false;
+    isOpen_ = open;
+    if (board_)
+        board_->setScrollEnabled(!open);
+    if (hostingView_)
+        hostingView_->setUserInteractionEnabled(open);
+}
+
 void velaApplicationView::opened(std::int32_t openIndex) {
     trasformedFrame_ = frame();
-    isAnimating_ = false;
-    isOpen_ = true;
-    if (hostingView_)
-        hostingView_->setUserInteractionEnabled(true);
+    comeToRest(true);
     if (!board_)
         return;
-    board_->setScrollEnabled(false);
     // Every tile tells the open one, which hears it as often as there are tiles.
     const auto& apps = board_->apps();
     if (const auto open = static_cast<std::size_t>(openIndex);
@@ -200,14 +205,8 @@ void velaApplicationView::openOpenedApp() {
             placeIcon();
         },
         [self = runtime::WeakPtr<velaApplicationView>(this)](bool finished) {
-            if (!finished || !self)
-                return;
-            self->isAnimating_ = false;
-            self->isOpen_ = true;
-            if (self->board_)
-                self->board_->setScrollEnabled(false);
-            if (self->hostingView_)
-                self->hostingView_->setUserInteractionEnabled(true);
+            if (finished && self)
+                self->comeToRest(true);
         });
 }
 
@@ -230,14 +229,8 @@ void velaApplicationView::closeOpenedApp() {
             placeIcon();
         },
         [self = runtime::WeakPtr<velaApplicationView>(this)](bool finished) {
-            if (!finished || !self)
-                return;
-            self->isAnimating_ = false;
-            self->isOpen_ = false;
-            if (self->board_)
-                self->board_->setScrollEnabled(true);
-            if (self->hostingView_)
-                self->hostingView_->setUserInteractionEnabled(false);
+            if (finished && self)
+                self->comeToRest(false);
         });
 }
 

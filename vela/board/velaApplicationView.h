@@ -78,6 +78,8 @@ private:
     void placeIcon();
     void placeTurnedOff();
     void centreHostingView();
+    /// An animation has brought the tile where it stays.
+    void comeToRest(bool open);
     void opened(std::int32_t openIndex);
 
     std::int32_t clickedIndex_ = 0;
