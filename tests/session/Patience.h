@@ -7,11 +7,11 @@
 
 namespace tests {
 
-/// Runs until `holds`, for five seconds at most; answers whether it does. `meanwhile` is called again and
+/// Runs until `holds`, for twenty seconds at most; answers whether it does. `meanwhile` is called again and
 /// again.
 inline bool eventually(const std::function<bool()>& holds, const std::function<void()>& meanwhile = {}) {
     using Clock = std::chrono::steady_clock;
-    for (const auto end = Clock::now() + std::chrono::seconds(5); Clock::now() < end;) {
+    for (const auto end = Clock::now() + std::chrono::seconds(20); Clock::now() < end;) {
         if (holds())
             return true;
         if (meanwhile)
