@@ -3,7 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ostream>
 #include <set>
+
+namespace vela::plugin {
+
+void PrintTo(const Size& size, std::ostream* stream) {
+    *stream << size.width << " x " << size.height;
+}
+
+} // namespace vela::plugin
 
 namespace calculatorplugin {
 

@@ -20,6 +20,10 @@ struct Circumstances {
     unsigned seed;
 };
 
+void PrintTo(const Circumstances& circumstances, std::ostream* stream) {
+    *stream << "scale " << circumstances.scale << ", seed " << circumstances.seed;
+}
+
 class DamageOnlyPainting : public support::ToolkitTest, public testing::WithParamInterface<Circumstances> {
 protected:
     static constexpr Size screen{120, 160};
