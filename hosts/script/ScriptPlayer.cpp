@@ -105,10 +105,10 @@ void ScriptPlayer::play(const TouchMove& touch) {
 
 void ScriptPlayer::stepDrag() {
     // In real time a beat may come late or not at all: the finger is then where it would be by now, so that
-    // its speed stays the script's.
+    // its speed stays the script's. It is never ahead of its time.
     const double elapsed = foundation::RunLoop::main().now() - drag_.begin;
     const int dueSteps =
-        static_cast<int>(std::min<double>(std::lround(elapsed * eventsPerSecond), drag_.steps));
+        static_cast<int>(std::min<double>(std::floor(elapsed * eventsPerSecond), drag_.steps));
     drag_.stepsDone = std::max(drag_.stepsDone + 1, dueSteps);
     const double progress = static_cast<double>(drag_.stepsDone) / drag_.steps;
     const bool last = drag_.stepsDone == drag_.steps;
