@@ -6,7 +6,7 @@
 #include "tests/support/MusicFiles.h"
 #include "tests/support/TemporaryDirectory.h"
 
-#include <chrono>
+#include <ctime>
 #include <fstream>
 #include <random>
 
@@ -193,20 +193,25 @@ std::string synchsafe(std::uint32_t value) {
     return bytes;
 }
 
+/// Of this process's own, whatever else the machine does.
+double secondsOfWorkSince(std::clock_t before) {
+    return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+}
+
 TEST_F(TagReaderTest, ReadsNoMoreOfAHugeTagThanItsShare) {
     const auto path = write("huge.mp3", std::string("ID3\x04\0\0", 6) + synchsafe(200'000'000));
     std::filesystem::resize_file(path, 300'000'000); // a hole, which costs the disk nothing
-    const auto begin = std::chrono::steady_clock::now();
+    const auto before = std::clock();
     readAll(path);
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+    EXPECT_LT(secondsOfWorkSince(before), 10);
 }
 
 TEST_F(TagReaderTest, GivesUpOnGigabytesWithoutASound) {
     const auto path = write("nothing.mp3", std::string(1000, 'x'));
     std::filesystem::resize_file(path, 5'000'000'000);
-    const auto begin = std::chrono::steady_clock::now();
+    const auto before = std::clock();
     EXPECT_FALSE(readTags(path));
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+    EXPECT_LT(secondsOfWorkSince(before), 10);
 }
 
 TEST_F(TagReaderTest, SurvivesBoxesWithinBoxesWithoutEnd) {
