@@ -5,7 +5,9 @@
 
 Prints its port. The paths: "/radio" names "The Singer - First Song" and, a second later, "The Singer - Second Song";
 "/silent" accepts and never answers; "/broken" ends after some bytes; "/missing" is not found; "/hostile"
-names titles of damaged bytes and one that is too long; "/page" is a web page; "/file" is the file itself.
+names titles of damaged bytes and one that is too long; "/page" is a web page; "/file" is the file itself;
+"/stations.pls" names "/missing" and then "/radio", "/stations.m3u" names "/radio", "/empty.m3u" nothing,
+"/long.m3u" more than a list holds, and "/silent.pls" never comes.
 """
 import http.server
 import sys
@@ -16,6 +18,12 @@ TITLES = {
     "/radio": [b"StreamTitle='The Singer - First Song';", b"StreamTitle='The Singer - Second Song';"],
     "/hostile": [b"StreamTitle='\xff\xfe\xfd - \x80';", b"StreamTitle='", b"StreamTitle='" + b"A" * 4000 + b"';",
                  b"\x01\x02\x03", b"StreamTitle='Mended - Again';StreamUrl='';"],
+}
+LISTS = {
+    "/stations.pls": "[playlist]\r\nNumberOfEntries=2\r\nFile1=missing\r\nTitle1=Gone\r\nFile2=/radio\r\nVersion=2\r\n",
+    "/stations.m3u": "#EXTM3U\n#EXTINF:-1,Test Station\nradio\n",
+    "/empty.m3u": "#EXTM3U\n",
+    "/long.m3u": "radio\n" * 100_000,
 }
 
 
@@ -31,7 +39,10 @@ class Handler(http.server.BaseHTTPRequestHandler):
     def do_GET(self):
         if self.path in TITLES:
             self.stream(TITLES[self.path])
-        elif self.path == "/silent":
+        elif self.path in LISTS:
+            self.start("audio/x-mpegurl")
+            self.wfile.write(LISTS[self.path].encode())
+        elif self.path in ("/silent", "/silent.pls"):
             time.sleep(60)
         elif self.path == "/broken":
             self.start("audio/mpeg", len(SOUND))

@@ -1,6 +1,7 @@
 #include "hosts/phone/program/MusicSetup.h"
 
 #include "hosts/media/engine/GStreamerEngine.h"
+#include "hosts/media/engine/StreamListEngine.h"
 #include "hosts/media/library/IndexedMusicLibrary.h"
 #include "hosts/media/library/UserMusicDirectory.h"
 
@@ -17,7 +18,8 @@ void setUpMusic(const Options& options, PhoneConfiguration& configuration) {
     if (const auto directory = musicDirectory(options))
         configuration.musicLibrary->addDirectory(*directory);
     if (!options.headless)
-        configuration.playbackEngine = std::make_shared<playback::GStreamerEngine>();
+        configuration.playbackEngine =
+            std::make_shared<playback::StreamListEngine>(std::make_unique<playback::GStreamerEngine>());
 }
 
 } // namespace phone

@@ -2,15 +2,13 @@
 // so these also show that playing goes on silently in real time.
 #include "hosts/media/engine/GStreamerEngine.h"
 
-#include "tests/support/BackgroundProcess.h"
 #include "tests/support/MusicFiles.h"
 #include "tests/support/RealTimeTest.h"
+#include "tests/support/StreamServer.h"
 #include "tests/support/TemporaryDirectory.h"
 
 #include <cmath>
 #include <fstream>
-
-#include <unistd.h>
 
 namespace playback {
 namespace {
@@ -202,26 +200,11 @@ TEST_F(GStreamerEngineTest, EndsWhileItPlays) {
 
 class StreamTest : public GStreamerEngineTest {
 protected:
-    StreamTest() {
-        support::makeMusicFile(directory.path() / "stream.mp3", {.seconds = 6, .options = {"-b:a", "128k"}});
-        server = std::make_unique<support::BackgroundProcess>(
-            std::vector<std::string>{"python3", VELA_SOURCE_DIR "/tests/support/stream_server.py",
-                                     directory.path() / "stream.mp3"},
-            std::vector<std::string>{}, &output);
-        std::string port;
-        for (char digit = 0; read(output, &digit, 1) == 1 && digit != '\n';)
-            port += digit;
-        base = "http://127.0.0.1:" + port;
-    }
-    ~StreamTest() override { close(output); }
-
-    int output = -1;
-    std::unique_ptr<support::BackgroundProcess> server;
-    std::string base;
+    support::StreamServer server;
 };
 
 TEST_F(StreamTest, NamesWhatItPlays) {
-    engine.load(base + "/radio", 0);
+    engine.load(server.address("/radio"), 0);
     engine.play();
     ASSERT_TRUE(runUntil([&] { return titles.size() >= 2; }));
     EXPECT_EQ(titles[0], "The Singer - First Song");
@@ -232,7 +215,7 @@ TEST_F(StreamTest, NamesWhatItPlays) {
 }
 
 TEST_F(StreamTest, StaysWhereItIsWithoutAnEnd) {
-    engine.load(base + "/radio", 0);
+    engine.load(server.address("/radio"), 0);
     engine.play();
     ASSERT_TRUE(playsBeyond(0.2));
     engine.seek(100);
@@ -240,7 +223,7 @@ TEST_F(StreamTest, StaysWhereItIsWithoutAnEnd) {
 }
 
 TEST_F(StreamTest, IsHeardAnewAfterAPause) {
-    engine.load(base + "/radio", 0);
+    engine.load(server.address("/radio"), 0);
     engine.play();
     ASSERT_TRUE(playsBeyond(0.2));
     engine.pause();
@@ -253,7 +236,7 @@ TEST_F(StreamTest, IsHeardAnewAfterAPause) {
 }
 
 TEST_F(StreamTest, SurvivesHostileTitles) {
-    engine.load(base + "/hostile", 0);
+    engine.load(server.address("/hostile"), 0);
     engine.play();
     ASSERT_TRUE(runUntil([&] { return !titles.empty() && titles.back() == "Mended - Again"; }));
     for (const std::string& title : titles) {
@@ -265,7 +248,7 @@ TEST_F(StreamTest, SurvivesHostileTitles) {
 TEST_F(StreamTest, FailsWhenTheServerHasNone) {
     for (const char* path : {"/missing", "/page"}) {
         failures.clear();
-        engine.load(base + path, 0);
+        engine.load(server.address(path), 0);
         engine.play();
         ASSERT_TRUE(runUntil([&] { return !failures.empty(); })) << path;
         EXPECT_EQ(engine.state(), PlaybackState::Stopped);
@@ -273,26 +256,26 @@ TEST_F(StreamTest, FailsWhenTheServerHasNone) {
 }
 
 TEST_F(StreamTest, EndsOrFailsWhenTheServerBreaksOff) {
-    engine.load(base + "/broken", 0);
+    engine.load(server.address("/broken"), 0);
     engine.play();
     EXPECT_TRUE(runUntil([&] { return ends + static_cast<int>(failures.size()) == 1; }));
 }
 
 TEST_F(StreamTest, NeverHoldsTheMainLoopUp) {
-    engine.load(base + "/silent", 0);
+    engine.load(server.address("/silent"), 0);
     engine.play();
     runFor(0.5);
     longestTurn = 0;
     engine.pause();
     engine.play();
-    engine.load(base + "/radio", 0);
+    engine.load(server.address("/radio"), 0);
     engine.play();
     ASSERT_TRUE(runUntil([&] { return !titles.empty(); }));
     EXPECT_LT(longestTurn, 0.1);
 }
 
 TEST_F(StreamTest, PlaysAFileOfTheNetworkWithItsEnd) {
-    engine.load(base + "/file", 0);
+    engine.load(server.address("/file"), 0);
     engine.play();
     ASSERT_TRUE(playsBeyond(0.1));
     ASSERT_FALSE(durations.empty());
