@@ -44,6 +44,7 @@ void SessionTest::startHost(const std::vector<std::string>& arguments, HostLog l
     for (const auto& variable : compositor_->environment())
         environment.push_back(variable);
     environment.push_back("XDG_SESSION_ID=c1");
+    environment.push_back(dataVariable());
     if (log == HostLog::Protocol) {
         environment.push_back("WAYLAND_DEBUG=1");
         command.insert(command.begin(), {"/bin/sh", "-c", "log=$1; shift; exec \"$@\" 2> \"$log\"", "sh",

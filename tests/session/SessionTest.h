@@ -62,6 +62,9 @@ protected:
     /// A pixel of what the screen shows, in pixels: "#rrggbb".
     std::string pixel(int x, int y);
     std::string root() const { return directory_.path() / "root"; }
+    /// Where the host, and whoever starts with its environment, has the user's applications.
+    std::filesystem::path dataDirectory() const { return directory_.path() / "data"; }
+    std::string dataVariable() const { return "XDG_DATA_HOME=" + dataDirectory().string(); }
     int hostProcess() const { return host_ ? host_->processId() : 0; }
 
 private:

@@ -38,16 +38,18 @@ protected:
 
     support::ChildProcess shell(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), {VELA_BINARY_DIR "/bin/vela-settings", "--root", root()});
-        return support::ChildProcess::run(arguments, desktop().environment());
+        return support::ChildProcess::run(arguments, environment());
     }
+    /// What the programs' environment holds.
+    virtual std::vector<std::string> environment() { return desktop().environment(); }
 
-    void start() {
+    void start(const std::vector<std::string>& arguments = {}) {
         program_.reset();
         // The program before may still be signing off.
         ASSERT_TRUE(waitUntil([&] { return !desktop().isRunning("vela-settings"); }));
-        program_ = std::make_unique<support::BackgroundProcess>(
-            std::vector<std::string>{VELA_BINARY_DIR "/bin/vela-settings", "--root", root()},
-            desktop().environment());
+        std::vector<std::string> command{VELA_BINARY_DIR "/bin/vela-settings", "--root", root()};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        program_ = std::make_unique<support::BackgroundProcess>(command, environment());
         window_ = desktop().program("vela-settings");
         ASSERT_TRUE(window_) << "the window does not come";
         // There is no window manager that would give it the keyboard.

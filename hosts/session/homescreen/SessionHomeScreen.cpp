@@ -1,6 +1,5 @@
 #include "hosts/session/homescreen/SessionHomeScreen.h"
 
-#include "hosts/session/homescreen/DesktopEntries.h"
 #include "platform/foundation/ProcessInfo.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/toolkit/gestures/TouchDispatcher.h"
@@ -89,14 +88,16 @@ void SessionHomeScreen::setDisplayOn(bool on) {
 
 // ---- What the session does
 
-void SessionHomeScreen::setFront(const std::string& application) {
-    front_ = application.empty() ? nullptr : applicationInFront(application);
+void SessionHomeScreen::setFront(const std::string& window) {
+    front_ = window.empty() ? nullptr : applicationInFront(window);
 }
 
+/// Under the identifier of its desktop entry, by which the settings know it too.
 std::shared_ptr<homescreen::SBApplication>
-SessionHomeScreen::applicationInFront(const std::string& identifier) const {
-    auto application = std::make_shared<homescreen::SBApplication>(
-        identifier, applicationName(identifier).value_or(identifier));
+SessionHomeScreen::applicationInFront(const std::string& window) const {
+    const auto entry = entries_.findByWindow(window);
+    auto application = std::make_shared<homescreen::SBApplication>(entry ? entry->identifier : window,
+                                                                   entry ? entry->name : window);
     application->setStatusBarOrientation(orientation_);
     return application;
 }
@@ -120,8 +121,8 @@ Rect SessionHomeScreen::visibleKeyboardFrame() const {
 }
 
 std::optional<std::string> SessionHomeScreen::displayName(const std::string& bundleIdentifier) const {
-    auto name = applicationName(bundleIdentifier);
-    return name ? name : configuration_.playerName(bundleIdentifier);
+    const auto entry = entries_.find(bundleIdentifier);
+    return entry ? entry->name : configuration_.playerName(bundleIdentifier);
 }
 
 } // namespace session

@@ -6,6 +6,7 @@
 // torn down.
 #pragma once
 
+#include "hosts/desktop/DesktopEntries.h"
 #include "hosts/session/homescreen/OnScreenKeyboard.h"
 #include "hosts/session/homescreen/OrientationSensor.h"
 #include "hosts/session/homescreen/SessionLock.h"
@@ -38,8 +39,8 @@ public:
 
     /// The output that everything is shown on; null while there is none.
     void setOutput(const Output* output);
-    /// What the application in front calls itself; empty for none.
-    void setFront(const std::string& application);
+    /// What the window in front says that its application is called; empty for none.
+    void setFront(const std::string& window);
     bool isLocked() const { return lock_.isLocked(); }
     std::int64_t interfaceOrientation() const { return orientation_; }
     bool isDisplayOn() const { return displayOn_; }
@@ -64,9 +65,10 @@ private:
     void followOutput();
     void setScreen(toolkit::Size size, double scale);
     void setDisplayOn(bool on);
-    std::shared_ptr<homescreen::SBApplication> applicationInFront(const std::string& identifier) const;
+    std::shared_ptr<homescreen::SBApplication> applicationInFront(const std::string& window) const;
 
     Configuration configuration_;
+    desktop::DesktopEntries entries_;
     std::shared_ptr<homescreen::SpringBoard> springBoard_;
     std::shared_ptr<homescreen::SBLockScreenViewController> lockScreen_;
     std::shared_ptr<toolkit::UIWindow> keyWindow_; // empty; gestures are read in its coordinates

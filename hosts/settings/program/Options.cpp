@@ -33,20 +33,31 @@ private:
             options_.key = take(option, "a KEY and a VALUE");
             options_.value = take(option, "a VALUE");
         } else
-            takePath(option);
+            takeSetting(option);
     }
 
     /// Both "--root DIR" and "--root=DIR".
-    void takePath(const std::string& option) {
+    void takeSetting(const std::string& option) {
         const std::size_t equals = option.find('=');
         const std::string name = option.substr(0, equals);
-        if (name != "--root" && name != "--extension")
+        if (name != "--root" && name != "--extension" && name != "--applications")
             throw OptionsError("there is no option \"" + option + "\"");
-        const std::string path =
-            equals == std::string::npos ? take(option, "a path") : option.substr(equals + 1);
-        if (path.empty())
+        const std::string what = name == "--applications" ? "phone or desktop" : "a path";
+        const std::string value =
+            equals == std::string::npos ? take(option, what) : option.substr(equals + 1);
+        if (name == "--applications")
+            return setApplications(value);
+        if (value.empty())
             throw OptionsError(name + ": the path is empty");
-        (name == "--root" ? options_.root : options_.extension) = path;
+        (name == "--root" ? options_.root : options_.extension) = value;
+    }
+
+    void setApplications(const std::string& whose) {
+        if (whose != "phone" && whose != "desktop")
+            throw OptionsError("applications are those of the phone or the desktop, not of \"" + whose +
+                               "\"");
+        options_.applications =
+            whose == "phone" ? Options::Applications::Phone : Options::Applications::Desktop;
     }
 
     void setAction(Action action) {
@@ -82,6 +93,9 @@ Shows the settings of the extension Vela3.dylib in a window, or reads and writes
   --set KEY VALUE   change a setting; switches take on and off
   --root DIR        the directory that is the device's disk (default: the phone's, vela3/device in the user's
                     data directory)
+  --applications phone|desktop
+                    list the simulated phone's applications (default), or those of this desktop, as a running
+                    vela-session knows them
   --extension FILE  load this extension instead of the installed one
   --help            show this and exit
   --version         show the version and exit

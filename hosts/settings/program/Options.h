@@ -11,8 +11,11 @@ namespace settings {
 
 struct Options {
     enum class Action { Window, List, Get, Set, Help, Version };
+    /// Whose applications the pages list: the simulated phone's, or those of the desktop around.
+    enum class Applications { Phone, Desktop };
 
     Action action = Action::Window;
+    Applications applications = Applications::Phone;
     std::string key;   // of Get and Set
     std::string value; // of Set
     std::optional<std::filesystem::path> root;

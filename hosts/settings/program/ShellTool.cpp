@@ -59,7 +59,8 @@ int runShellTool(const Options& options) {
     // Neither of these is ever torn down: the extension refers to them.
     auto& loop = *new foundation::VirtualRunLoop;
     foundation::RunLoop::setMain(&loop);
-    preferences::PreferencesPort::setCurrent(new ApplicationPort);
+    preferences::PreferencesPort::setCurrent(
+        new ApplicationPort(ApplicationList::make(options.applications, {})));
     foundation::ProcessInfo::shared().mainBundleIdentifier = "com.apple.Preferences";
     device::loadExtension(options.extension.value_or(device::installedExtension()));
     const KnownSettings known(makeRootPages(), [&loop] { loop.advance(foundation::RunLoop::frameInterval); });

@@ -6,6 +6,7 @@
 #include "hosts/settings/program/Pages.h"
 #include "hosts/settings/window/FileWatch.h"
 #include "hosts/settings/window/Style.h"
+#include "hosts/settings/window/ThemeIcon.h"
 #include "hosts/settings/window/WindowPort.h"
 #include "platform/foundation/GlibRunLoop.h"
 #include "platform/foundation/ProcessInfo.h"
@@ -72,7 +73,8 @@ void runInWindow(const Options& options) {
     toolkit::WindowServer::shared().attachToMainRunLoop();
     auto& navigation = *new std::shared_ptr(std::make_shared<preferences::UINavigationController>());
     auto& window = *new SettingsWindow(*navigation, [&loop] { loop.stop(); });
-    preferences::PreferencesPort::setCurrent(new WindowPort(window));
+    preferences::PreferencesPort::setCurrent(
+        new WindowPort(window, ApplicationList::make(options.applications, themeIcon)));
     g_unix_signal_add(SIGINT, stopLoop, &loop);
     g_unix_signal_add(SIGTERM, stopLoop, &loop);
     // Whoever has started the program asks so for its window again.

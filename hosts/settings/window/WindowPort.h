@@ -8,7 +8,8 @@ namespace settings {
 
 class WindowPort : public ApplicationPort {
 public:
-    explicit WindowPort(SettingsWindow& window) : window_(window) {}
+    WindowPort(SettingsWindow& window, std::unique_ptr<ApplicationList> applications)
+        : ApplicationPort(std::move(applications)), window_(window) {}
 
     void present(const std::shared_ptr<toolkit::UIViewController>& controller, bool animated,
                  std::function<void()> completion) override;
