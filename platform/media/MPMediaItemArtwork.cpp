@@ -15,7 +15,7 @@ runtime::Class& MPMediaItemArtwork::staticClass() {
 RUNTIME_REGISTER_CLASS(MPMediaItemArtwork)
 
 MPMediaItemArtwork::Picture MPMediaItemArtwork::imageWithSize(Size size) const {
-    if (image_)
+    if (persistentID_ == 0)
         return image_;
     return CoverStore::shared().cover({persistentID_, size, toolkit::UIScreen::mainScreen().scale()});
 }

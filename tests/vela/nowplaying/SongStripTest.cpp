@@ -1,4 +1,6 @@
+#include "platform/media/CoverStore.h"
 #include "platform/preferences/SLComposeViewController.h"
+#include "platform/toolkit/rendering/ImageFile.h"
 #include "tests/vela/nowplaying/NowPlayingTest.h"
 #include "tests/vela/settings/RecordingPort.h"
 #include "vela/nowplaying/songCollectionViewCell.h"
@@ -147,9 +149,27 @@ TEST_F(SongStrip, ACoverOfTheLibraryComesBeforeTheOneCarried) {
     const auto song = library.add("Six", "Band", "Album", MPMediaItem::Cover::InLibrary);
     const auto carried = tests::greyImage(77, 8, 8);
     vela::mediaitem::setSongArtwork(*song, std::make_shared<media::MPMediaItemArtwork>(carried));
+    library.cover = toolkit::encodePng(*tests::greyImage(200, 6, 6));
+    media::CoverStore::shared().clear();
     strip().setArray({song});
     wait(0.2);
+    ASSERT_NE(cell(0).artwork()->image(), nullptr);
+    EXPECT_EQ(cell(0).artwork()->image()->pixelWidth(), 6);
+    library.cover.clear();
+    media::CoverStore::shared().clear();
+    strip().reloadSections({0});
+    wait(0.2);
     EXPECT_EQ(cell(0).artwork()->image(), carried) << "the library's cannot be read";
+}
+
+TEST_F(SongStrip, ACarriedCoverWithoutAPictureShowsNoCoverOfTheLibrary) {
+    library.cover = toolkit::encodePng(*tests::greyImage(200, 6, 6));
+    vela::mediaitem::setSongArtwork(*strip().array()[0],
+                                    std::make_shared<media::MPMediaItemArtwork>(nullptr));
+    media::CoverStore::shared().clear();
+    strip().reloadSections({0});
+    wait(0.2);
+    EXPECT_EQ(cell(0).artwork()->image(), nullptr);
 }
 
 TEST_F(SongStrip, WhatIsNoSongLeavesAnEmptyCover) {
