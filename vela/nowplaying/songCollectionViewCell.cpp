@@ -25,7 +25,12 @@ songCollectionViewCell::songCollectionViewCell(Rect frame)
     artwork_->setClipsToBounds(true);
     artwork_->setContentMode(ContentGravity::AspectFill);
     contentView()->addSubview(artwork_);
+    castShadow();
     setUserInteractionEnabled(true);
+}
+
+void songCollectionViewCell::castShadow() {
+    layer()->setShadow({Color::black(), shadowOpacity, shadowRadius, shadowOffset, bounds()});
 }
 
 void songCollectionViewCell::showCover(const Cover& cover, const Cover& otherwise, double side) {
@@ -50,7 +55,7 @@ void songCollectionViewCell::prepareForReuse() {
 void songCollectionViewCell::layoutSubviews() {
     UICollectionViewCell::layoutSubviews();
     artwork_->setFrame(bounds());
-    layer()->setShadow({Color::black(), shadowOpacity, shadowRadius, shadowOffset, bounds()});
+    castShadow();
 }
 
 } // namespace vela

@@ -22,6 +22,8 @@ public:
     void layoutSubviews() override;
 
 private:
+    void castShadow();
+
     std::shared_ptr<toolkit::UIImageView> artwork_;
     foundation::Handle loading_;
 };

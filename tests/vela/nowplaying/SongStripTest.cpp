@@ -135,6 +135,13 @@ TEST_F(SongStrip, ACoverCastsAShadowOfItsBounds) {
     EXPECT_EQ(cell(0).layer()->shadow().path, Rect(0, 0, 80, 80));
 }
 
+TEST_F(SongStrip, ACoverIsWholeBeforeItIsLaidOut) {
+    const vela::songCollectionViewCell made({0, 0, 100, 90});
+    EXPECT_EQ(made.artwork()->frame(), Rect(0, 0, 100, 90));
+    EXPECT_TRUE(made.isUserInteractionEnabled());
+    EXPECT_EQ(made.layer()->shadow(), (Shadow{Color::black(), 0.2, 4, {0, -3}, Rect(0, 0, 100, 90)}));
+}
+
 TEST_F(SongStrip, ShowsTheCoverThatASongCarries) {
     EXPECT_EQ(cell(0).artwork()->image(), nullptr);
     const auto picture = tests::greyImage(77, 8, 8);
