@@ -28,10 +28,12 @@ void editCell::initWithSpecifier(const std::shared_ptr<preferences::PSSpecifier>
     textView->setText(pageState().text);
     textView->setFont(Font::system(fontSize));
     textView->setBackgroundColor(Color::clear());
-    textView->setTextChangedHandler([this, weak = std::weak_ptr(textView)] {
-        if (const auto changed = weak.lock())
-            textViewDidChange(changed);
-    });
+    textView->setTextChangedHandler(
+        [self = runtime::WeakPtr<editCell>(this), weak = std::weak_ptr(textView)] {
+            const auto changed = weak.lock();
+            if (self && changed)
+                self->textViewDidChange(changed);
+        });
     addSubview(textView);
 }
 

@@ -152,6 +152,17 @@ TEST_F(LyricPages, LeavingWithoutSavingStoresNothing) {
     EXPECT_EQ(textView()->text(), "la");
 }
 
+TEST_F(LyricPages, AnEditorWhosePageHasGoneKeepsNothing) {
+    lyrics({{"Song_Band", "la"}});
+    list();
+    tapRow("Song_Band");
+    const auto abandoned = textView();
+    navigation->popViewControllerAnimated(true);
+    vela::pageState().text = "of another page";
+    abandoned->insertText("!");
+    EXPECT_EQ(vela::pageState().text, "of another page");
+}
+
 TEST_F(LyricPages, AMissingLyricIsAnEmptyEditor) {
     lyrics({{"Song_Band", "la"}});
     list();
