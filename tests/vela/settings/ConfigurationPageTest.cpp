@@ -93,6 +93,21 @@ TEST_F(ConfigurationPage, SwitchesAreRed) {
     }
 }
 
+TEST_F(ConfigurationPage, TheProductsSwitchAnimatesTheRootPagesHeader) {
+    const auto root = page("VelaSettingsController");
+    const auto header = root->headerCellForGroup(root->specifiers().front());
+    wait(1);
+    const auto row = preferences::PSSpecifier::preferenceSpecifierNamed(
+        "Enable", configuration.get(), "setValue:forSpecifier:", "getValue:", "",
+        preferences::PSCellType::Switch);
+    row->performSetterWithValue(false);
+    EXPECT_EQ(header->subviews().at(9)->frame().height, 4);
+    EXPECT_EQ(stored("Enable"), PropertyList(false));
+    wait(1);
+    row->performSetterWithValue(true);
+    EXPECT_EQ(header->subviews().at(9)->frame().height, 17);
+}
+
 TEST_F(ConfigurationPage, ASliderMovesItsOwnPreviewAndStoresItsFraction) {
     makePreviews();
     const struct {
@@ -117,7 +132,7 @@ TEST_F(ConfigurationPage, ASliderMovesItsOwnPreviewAndStoresItsFraction) {
     }
 }
 
-TEST_F(ConfigurationPage, APreviewFollowsBeforeTheFractionIsStored) {
+TEST_F(ConfigurationPage, APreviewFollowsTheSliderAndNotTheFile) {
     makePreviews();
     std::filesystem::remove_all(root / "var/mobile/Library/Preferences");
     store(*configuration, "left_size_portrait", 0.625);

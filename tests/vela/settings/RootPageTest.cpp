@@ -116,7 +116,7 @@ TEST_F(RootPage, TheHeaderFollowsTheSwitch) {
     EXPECT_EQ(heightOfBar(9), 17);
 }
 
-TEST_F(RootPage, TheHeaderFollowsBeforeTheValueIsStored) {
+TEST_F(RootPage, TheHeaderFollowsTheSwitchAndNotTheFile) {
     const auto root = shown("VelaSettingsController");
     header();
     // A file that cannot be written: what is seen of the new value was not read from it.
