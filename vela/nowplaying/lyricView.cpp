@@ -71,8 +71,8 @@ void lyricView::setText(const std::string& text, int withError) {
     stopAnimatingRing();
     UIView::transitionCrossDissolve(
         *this, fadeDuration, [&] { show(text, withError); },
-        [self = runtime::WeakPtr<lyricView>(this)](bool) {
-            if (self)
+        [self = runtime::WeakPtr<lyricView>(this)](bool finished) {
+            if (finished && self)
                 self->setContentSize(
                     self->sizeThatFits({self->bounds().width, std::numeric_limits<double>::max()}));
         });
