@@ -79,6 +79,19 @@ TEST_F(ArtworkDownload, FindsTheCoverOfASong) {
     EXPECT_EQ(server->requests().at(0).headers.at("accept"), "application/json");
 }
 
+TEST_F(ArtworkDownload, StoresTheCoverBeforeItHandsItOver) {
+    for (const char* count : {"1", "0"}) {
+        serveResults(count);
+        store.removeArtwork("Song");
+        std::vector<int> storedWhenHandedOver;
+        web.getArtworkForSongName("Song", "Band",
+                                  [&](const auto&) { storedWhenHandedOver.push_back(stored()); });
+        wait(0.1);
+        EXPECT_THAT(storedWhenHandedOver, ElementsAre(stored())) << count;
+        EXPECT_GT(stored(), 0);
+    }
+}
+
 TEST_F(ArtworkDownload, EncodesSpacesAndJoinsTheWordsByAPlus) {
     serveResults("0");
     get("A Song", "The Band");

@@ -213,6 +213,26 @@ TEST_F(LyricDownload, IsOutlivedByAHandlerThatAsksForTheNextSong) {
                                 [this](LyricResult, const std::string&) { ask("Second", "Band"); });
     wait(0.1);
     EXPECT_EQ(stored("First"), "/wiki/Band:First");
+    EXPECT_EQ(ends, Ends()) << "loading stops when a page is done with";
+    EXPECT_EQ(stored("Second"), std::nullopt);
+}
+
+TEST_F(LyricDownload, TellsBeforeItStores) {
+    std::vector<std::optional<std::string>> storedWhenTold;
+    const auto told = [&](LyricResult, const std::string&) { storedWhenTold.push_back(stored()); };
+    const auto ask = [&](const std::shared_ptr<MPMediaItem>& item) {
+        item ? web.getLyricText(item, told) : web.getLyricTextForSongName("Song", "Band", told);
+        wait(0.1);
+        EXPECT_NE(stored(), std::nullopt);
+        store.removeLyric("Song_Band");
+    };
+    servePage(pageWithBox("{\"content\":\"<p>text\",\"media\":1}"));
+    ask(nullptr);
+    ask(song());
+    ask(song({{"title", "Song"}, {"artist", "Band"}, {"lyrics", "own"}}));
+    configure(deadAddress());
+    ask(nullptr);
+    EXPECT_EQ(storedWhenTold, (std::vector<std::optional<std::string>>(4)));
 }
 
 TEST_F(LyricDownload, GivesUpOnAPageOfMegabytes) {

@@ -125,6 +125,7 @@ TEST_F(LyricView, EveryOtherResultIsAWordThatDoesNotScroll) {
 
 TEST_F(LyricView, WhileALyricIsFetchedTheRingTurns) {
     show(lines(3), 3);
+    lyric->ring()->setShowPercentage(true);
     lyric->startAnimatingRing();
     EXPECT_EQ(lyric->text(), "");
     EXPECT_FALSE(lyric->ring()->isHidden());
@@ -139,6 +140,7 @@ TEST_F(LyricView, WhileALyricIsFetchedTheRingTurns) {
 TEST_F(LyricView, TheRingFadesOutAndThenRests) {
     lyric->startAnimatingRing();
     loop.advance(1);
+    lyric->ring()->setShowPercentage(true);
     lyric->stopAnimatingRing();
     EXPECT_FALSE(lyric->ring()->isHidden());
     loop.advance(0.29);
@@ -146,6 +148,7 @@ TEST_F(LyricView, TheRingFadesOutAndThenRests) {
     loop.advance(0.02);
     EXPECT_TRUE(lyric->ring()->isHidden());
     EXPECT_FALSE(lyric->ring()->indeterminate());
+    EXPECT_FALSE(lyric->ring()->showPercentage());
     loop.advance(1);
     EXPECT_FALSE(lyric->ring()->backgroundLayer()->hasAnimations());
 }

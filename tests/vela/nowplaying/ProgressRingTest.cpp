@@ -153,6 +153,17 @@ TEST_F(ProgressRing, TheSameProgressTwiceDoesNothing) {
     EXPECT_EQ(Layer::changeCount(), changes);
 }
 
+TEST_F(ProgressRing, TheProgressOfTheMomentChangesNothingUnderWay) {
+    ring->setProgress(1, true);
+    for (const bool animated : {false, true}) {
+        loop.advance(0.1);
+        ASSERT_LT(ring->progress(), 1);
+        ring->setProgress(ring->progress(), animated);
+    }
+    loop.advance(1);
+    EXPECT_EQ(ring->progress(), 1);
+}
+
 TEST_F(ProgressRing, ANewTargetStartsFromWhereTheProgressIs) {
     ring->setProgress(1, true);
     loop.advance(0.15);

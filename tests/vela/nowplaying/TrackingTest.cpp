@@ -4,6 +4,8 @@
 #include "vela/nowplaying/NowPlayingHooks.h"
 #include "vela/nowplaying/songCollectionViewCell.h"
 
+#include <algorithm>
+
 using foundation::Notification;
 using foundation::NotificationCenter;
 using foundation::PropertyList;
@@ -297,13 +299,20 @@ TEST_F(Tracking, TheRingTurnsUntilTheLyricArrives) {
 
 TEST_F(Tracking, TheSameSongReportedTwiceIsLookedUpTwice) {
     serve([](const Request&, Connection& connection) { connection.answer(404, "text/html", ""); });
-    controller->playbackStateDidChange(true);
-    controller->infoDidChange(info("Song", "Band"));
+    const auto pages = [this] {
+        const auto targets = server->targets();
+        return std::count(targets.begin(), targets.end(), "/wiki/Band:Song");
+    };
+    track(info("Song", "Band"));
     const auto first = strip().array()[0];
-    controller->infoDidChange(info("Song", "Band"));
+    wait(0.1);
+    EXPECT_EQ(pages(), 1);
+    store.removeLyric("Song_Band");
+    track(info("Song", "Band"));
     EXPECT_NE(strip().array()[0], first);
     EXPECT_EQ(tracks.size(), 2u);
     wait(0.1);
+    EXPECT_EQ(pages(), 2);
     EXPECT_EQ(lyric().text(), "No lyric");
 }
 
@@ -341,6 +350,15 @@ TEST_F(Tracking, ElapsedTimeIsPassedOnAndKept) {
     EXPECT_EQ(state.elapsed, 12.3456789012345f);
 }
 
+TEST_F(Tracking, ElapsedTimeIsPassedOnBeforeItIsKept) {
+    std::vector<float> kept;
+    const auto observer = NotificationCenter::defaultCenter().addObserver(
+        now::elapsedTimeDidChangeNotification, [&](const auto&) { kept.push_back(state.elapsed); });
+    controller->elapsedTimeDidChange(12);
+    controller->elapsedTimeDidChange(13);
+    EXPECT_THAT(kept, ElementsAre(0.0f, 12.0f));
+}
+
 // The application's own
 
 TEST_F(Tracking, OpeningTheApplicationClosesBothPanels) {
@@ -349,12 +367,15 @@ TEST_F(Tracking, OpeningTheApplicationClosesBothPanels) {
     touchUp();
     wait(0.5);
     ASSERT_TRUE(vela::moduleState().rightGrabber->showed());
-    std::vector<std::string> posted;
+    transcript.take();
     const auto observer = NotificationCenter::defaultCenter().addObserver(
-        vela::leftWindowGrabber::notificationName,
-        [&](const Notification& notification) { posted.push_back(*notification.object["name"].string()); });
+        vela::leftWindowGrabber::notificationName, [&](const Notification& notification) {
+            transcript.add("left ", *notification.object["name"].string(), ", right at ", panel().frame().x);
+        });
     panel().mediaController()->_launchCurrentNowPlayingApp();
-    EXPECT_THAT(posted, ElementsAre("dismissed")) << "by the left grabber too";
+    transcript.add("right at ", panel().frame().x);
+    EXPECT_THAT(transcript.take(),
+                ElementsAre("launch com.apple.Music", "left dismissed, right at 75", "right at 375"));
     wait(0.5);
     EXPECT_FALSE(vela::moduleState().rightGrabber->showed());
 }
