@@ -1,10 +1,9 @@
 #include "hosts/phone/PhonePresenter.h"
 
 #include "hosts/applications/IconArtwork.h"
+#include "hosts/device/MessagePage.h"
 #include "hosts/phone/screens/ComposeSheet.h"
 #include "hosts/phone/screens/ScreenController.h"
-#include "platform/foundation/FileManager.h"
-#include "platform/foundation/PercentEncoding.h"
 #include "platform/preferences/SLComposeViewController.h"
 #include "platform/toolkit/windows/UIScreen.h"
 
@@ -18,10 +17,6 @@ namespace phone {
 namespace {
 
 constexpr double fadeDuration = 0.3; // seconds
-constexpr const char* configurationPath = "/Library/Application Support/Vela/configuration.plist";
-constexpr const char* socialHostKey = "Social web host";
-/// The page on which the social network takes a message.
-constexpr const char* composePage = "/intent/tweet?text=";
 
 } // namespace
 
@@ -123,12 +118,8 @@ PhonePresenter::composeSheet(const std::shared_ptr<SLComposeViewController>& con
 }
 
 void PhonePresenter::post(const std::string& message) {
-    const auto configuration = foundation::FileManager::shared().readDictionary(configurationPath);
-    const auto host = configuration ? configuration->find(socialHostKey) : decltype(configuration->end())();
-    if (!configuration || host == configuration->end() || !host->second.string())
-        return;
-    openUrl(*host->second.string() + composePage +
-            foundation::percentEncoded(message, foundation::unreservedPunctuation));
+    if (const auto page = device::messagePage(message))
+        openUrl(*page);
 }
 
 // The world outside

@@ -20,11 +20,6 @@ constexpr const char* keyboardPath = "/sm/puri/OSK0";
 
 class SessionServices : public SessionTest {
 protected:
-    void startMock(std::vector<std::string> arguments, const std::string& name) {
-        arguments.insert(arguments.begin(), {"/usr/bin/python3", "-m", "dbusmock"});
-        mocks_.push_back(std::make_unique<support::BackgroundProcess>(arguments, bus().environment()));
-        ASSERT_TRUE(eventually([&] { return bus().has(name); }));
-    }
     void startLogin() {
         startMock({"--template", "logind"}, login);
         take(bus().call(login, "/org/freedesktop/login1", mock, "AddSession",
@@ -46,17 +41,9 @@ protected:
         take(bus().call(keyboard, keyboardPath, mock, "UpdateProperties",
                         g_variant_new("(sa{sv})", keyboard, &properties)));
     }
-    void endMocks() { mocks_.clear(); }
     bool waitForLocked(bool locked) {
         return eventually([&] { return state()["locked"] == locked; });
     }
-    void take(GVariant* answer) {
-        ASSERT_NE(answer, nullptr) << bus().lastError();
-        g_variant_unref(answer);
-    }
-
-private:
-    std::vector<std::unique_ptr<support::BackgroundProcess>> mocks_;
 };
 
 TEST_F(SessionServices, NoPanelLiesOverALockedSession) {

@@ -160,6 +160,17 @@ void SessionTest::tap(double x, double y) {
     client().serve();
 }
 
+void SessionTest::startMock(std::vector<std::string> arguments, const std::string& name) {
+    arguments.insert(arguments.begin(), {"/usr/bin/python3", "-m", "dbusmock"});
+    mocks_.push_back(std::make_unique<support::BackgroundProcess>(arguments, bus_.environment()));
+    ASSERT_TRUE(eventually([&] { return bus_.has(name); }));
+}
+
+void SessionTest::take(GVariant* answer) {
+    ASSERT_NE(answer, nullptr) << bus_.lastError();
+    g_variant_unref(answer);
+}
+
 std::string SessionTest::pixel(int x, int y) {
     const auto file = directory_.path() / "screen.png";
     compositor_->takePicture(file);

@@ -59,6 +59,12 @@ protected:
     void release();
     void tap(double x, double y);
 
+    /// Starts a mock of a service, with python-dbusmock's `arguments`, and waits until it has its name.
+    void startMock(std::vector<std::string> arguments, const std::string& name);
+    void endMocks() { mocks_.clear(); }
+    /// Expects an answer, and lets go of it.
+    void take(GVariant* answer);
+
     /// A pixel of what the screen shows, in pixels: "#rrggbb".
     std::string pixel(int x, int y);
     std::string root() const { return directory_.path() / "root"; }
@@ -70,6 +76,7 @@ protected:
 private:
     TemporaryDirectory directory_;
     PrivateBus bus_;
+    std::vector<std::unique_ptr<support::BackgroundProcess>> mocks_;
     std::unique_ptr<HeadlessCompositor> compositor_;
     std::unique_ptr<TestClient> client_;
     std::unique_ptr<support::BackgroundProcess> host_;

@@ -1,5 +1,6 @@
 #include "hosts/phone/window/PhoneWindowRunner.h"
 
+#include "hosts/desktop/Addresses.h"
 #include "hosts/device/InstalledFiles.h"
 #include "hosts/device/LyricsGatewayProcess.h"
 #include "hosts/device/ProgramError.h"
@@ -9,7 +10,6 @@
 #include "hosts/phone/window/PhoneWindow.h"
 #include "hosts/script/ScriptPlayer.h"
 
-#include <gio/gio.h>
 #include <glib-unix.h>
 
 #include <csignal>
@@ -26,19 +26,9 @@ long secondsEastOfUtc() {
 }
 
 /// The desktop's own choice of programs.
-OutsideWorld desktop() {
-    OutsideWorld outside;
-    outside.canOpen = [](const std::string& address) {
-        const std::string scheme = address.substr(0, address.find(':'));
-        GAppInfo* program = g_app_info_get_default_for_uri_scheme(scheme.c_str());
-        const bool found = program != nullptr;
-        g_clear_object(&program);
-        return found;
-    };
-    outside.open = [](const std::string& address) {
-        g_app_info_launch_default_for_uri(address.c_str(), nullptr, nullptr);
-    };
-    return outside;
+OutsideWorld desktopAround() {
+    return {desktop::canOpenAddress,
+            [](const std::string& address) { desktop::openAddress(address, nullptr); }};
 }
 
 PhoneConfiguration configurationOf(const Options& options) {
@@ -48,7 +38,7 @@ PhoneConfiguration configurationOf(const Options& options) {
         configuration.settingsOpened = [settings = std::make_shared<SettingsProgram>(options)] {
             settings->show();
         };
-    configuration.outside = desktop();
+    configuration.outside = desktopAround();
     configuration.wallClock = [] { return std::time(nullptr); };
     configuration.secondsFromUtc = secondsEastOfUtc();
     return configuration;

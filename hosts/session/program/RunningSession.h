@@ -8,6 +8,7 @@
 #include "hosts/script/NotificationRecorder.h"
 #include "hosts/session/bus/ControlService.h"
 #include "hosts/session/homescreen/SessionHomeScreen.h"
+#include "hosts/session/homescreen/SessionPresenter.h"
 #include "hosts/session/media/SessionMusic.h"
 #include "hosts/session/program/Options.h"
 #include "hosts/session/surfaces/SessionScreen.h"
@@ -41,6 +42,7 @@ private:
     std::unique_ptr<Toplevels> toplevels_;
     std::unique_ptr<SessionScreen> screen_;
     SessionHomeScreen homeScreen_;
+    SessionPresenter presenter_{sessionBus_};
     SessionMusic music_;
     Panels panels_;
     ControlService control_;

@@ -1,5 +1,6 @@
 #include "hosts/settings/window/WindowPort.h"
 
+#include "hosts/desktop/Addresses.h"
 #include "hosts/settings/program/Address.h"
 #include "hosts/settings/window/ComposeView.h"
 #include "hosts/settings/window/DocumentView.h"
@@ -58,15 +59,7 @@ void WindowPort::send(const std::string& message) {
 }
 
 bool WindowPort::canOpenUrl(const std::string& url) {
-    gchar* scheme = g_uri_parse_scheme(url.c_str());
-    if (!scheme)
-        return false;
-    GAppInfo* program = g_app_info_get_default_for_uri_scheme(scheme);
-    g_free(scheme);
-    if (!program)
-        return false;
-    g_object_unref(program);
-    return true;
+    return desktop::canOpenAddress(url);
 }
 
 void WindowPort::openUrl(const std::string& url) {
