@@ -44,6 +44,21 @@ TEST_F(Autoscroll, ClosesAHundredthOfTheWayInAFrame) {
     EXPECT_NEAR(offset(), target() * (1 - std::pow(0.99, 100)), 0.1);
 }
 
+TEST_F(Autoscroll, ReckonsInSinglePrecision) {
+    const double way = lyric().contentSize().height - lyric().frame().height;
+    int differing = 0;
+    for (float elapsed = 1; elapsed < 200; elapsed += 0.7f) {
+        state.elapsed = elapsed;
+        state.now = 0;
+        lyric().setContentOffset({0, 0});
+        step();
+        ASSERT_EQ(state.now, static_cast<float>(static_cast<double>(target()) / 100)) << elapsed;
+        differing +=
+            state.now != static_cast<float>(static_cast<double>(elapsed) / state.songDuration * way / 100);
+    }
+    EXPECT_GT(differing, 0) << "in double precision it would be another";
+}
+
 TEST_F(Autoscroll, IsNoAnimation) {
     step();
     EXPECT_FALSE(lyric().layer()->hasAnimations());

@@ -3,6 +3,7 @@
 #include "tests/support/ToolkitTest.h"
 #include "vela/nowplaying/M13ProgressViewRing.h"
 
+#include <cmath>
 #include <numbers>
 
 using namespace toolkit;
@@ -69,6 +70,13 @@ TEST_F(ProgressRing, ItsWidthsFollowTheViews) {
     EXPECT_EQ(ring->progressLayer()->lineWidth(), 15);
     EXPECT_EQ(ring->percentageLabel()->font(), Font::system(40));
     EXPECT_EQ(ring->percentageLabel()->frame(), Rect(0, 0, 200, 200));
+}
+
+TEST_F(ProgressRing, LayoutGivesTheLabelItsColourBack) {
+    ring->percentageLabel()->setTextColor(Color::black());
+    ring->setNeedsLayout();
+    loop.turn();
+    EXPECT_EQ(ring->percentageLabel()->textColor(), ring->primaryColor());
 }
 
 TEST_F(ProgressRing, ANarrowOneKeepsItsLeastWidths) {
@@ -185,6 +193,15 @@ TEST_F(ProgressRing, AProgressWithoutAnimationEndsTheAnimation) {
     EXPECT_EQ(ring->progress(), 0.5);
 }
 
+TEST_F(ProgressRing, AFrameThatWasUnderWayDoesNotUndoAProgressWithoutAnimation) {
+    ring->setProgress(1, true);
+    loop.advance(0.1);
+    // A later link of the same frame: the ring's own step still waits on the main queue.
+    const auto link = loop.addDisplayLink([this](double) { ring->setProgress(0.5, false); });
+    loop.advance(1.0 / 60);
+    EXPECT_EQ(ring->progress(), 0.5);
+}
+
 TEST_F(ProgressRing, ProgressIsAnimatedByFramesOnlyWhileItMoves) {
     ring->setProgress(1, true);
     loop.advance(1);
@@ -258,6 +275,21 @@ TEST_F(ProgressRing, SuccessTakesThePlaceOfTheLabel) {
     loop.advance(0.2);
     EXPECT_EQ(iconOpacity(), 1);
     EXPECT_EQ(labelOpacity(), 0);
+}
+
+TEST_F(ProgressRing, TheTickIsBuiltOfBarsThatGrowWithTheRing) {
+    ring->performAction(vela::M13ProgressViewActionSuccess, true);
+    for (const double half : {50.0, 100.0}) {
+        ring->setFrame({0, 0, 2 * half, 2 * half});
+        loop.turn();
+        const auto& corners = ring->iconLayer()->path().elements();
+        const Point first = std::get<Path::Move>(corners.at(0)).to,
+                    second = std::get<Path::Line>(corners.at(1)).to;
+        EXPECT_DOUBLE_EQ(first.x, 0.46 * half);
+        EXPECT_DOUBLE_EQ(first.y, 1.02 * half);
+        EXPECT_DOUBLE_EQ(std::hypot(second.x - first.x, second.y - first.y), 0.3 * half);
+        EXPECT_DOUBLE_EQ(std::atan2(second.y - first.y, second.x - first.x), -pi / 4);
+    }
 }
 
 TEST_F(ProgressRing, AnotherActionHidesTheIconBeforeItShowsItsOwn) {

@@ -48,8 +48,9 @@ TEST_F(SongStrip, IsBuiltToShowOneCoverInTheMiddle) {
 }
 
 TEST_F(SongStrip, ReckonsInSinglePrecision) {
-    resize(301.3, 123.7);
-    const float side = 123.7f - 10.0f;
+    resize(301.3, 130.1);
+    const float side = 130.1f - 10.0f;
+    ASSERT_NE(side, 120.1f) << "rounded before the margin is taken off, not after";
     EXPECT_EQ(cover(0).width, static_cast<double>(side));
     EXPECT_EQ(cover(0).x, (301.3 - side) * 0.5);
     const auto spacing = static_cast<float>((301.3 - side) * 0.25);
@@ -189,6 +190,19 @@ TEST_F(SongStrip, WhatIsNoSongLeavesAnEmptyCover) {
     EXPECT_THAT(transcript.take(), IsEmpty());
 }
 
+TEST_F(SongStrip, ACellThatIsUsedAgainLosesItsCover) {
+    vela::mediaitem::setSongArtwork(*strip().array()[0],
+                                    std::make_shared<media::MPMediaItemArtwork>(tests::greyImage(77, 8, 8)));
+    strip().setArray({strip().array()[0]});
+    loop.turn();
+    const auto used = strip().cellForItem({0, 0});
+    ASSERT_NE(cell(0).artwork()->image(), nullptr);
+    strip().setArray({nullptr});
+    loop.turn();
+    ASSERT_EQ(strip().cellForItem({0, 0}), used);
+    EXPECT_EQ(cell(0).artwork()->image(), nullptr);
+}
+
 // Playing
 
 TEST_F(SongStrip, ATapOnAnotherSongPlaysIt) {
@@ -241,6 +255,15 @@ TEST_F(Sharing, ATapOnTheSongThatPlaysSharesIt) {
     EXPECT_FALSE(vela::moduleState().leftGrabber->showed());
     wait(0.5);
     EXPECT_TRUE(panel().isHidden());
+}
+
+TEST_F(Sharing, ItTakesBothPanelsForClosedAtOnce) {
+    vela::moduleState().leftGrabber->setShowed(true);
+    vela::moduleState().rightGrabber->setShowed(true);
+    select(0);
+    EXPECT_FALSE(vela::moduleState().leftGrabber->showed());
+    EXPECT_FALSE(vela::moduleState().rightGrabber->showed());
+    EXPECT_EQ(host->homePresses, 1);
 }
 
 TEST_F(Sharing, TheSheetIsDismissedWhenItIsDone) {

@@ -195,6 +195,25 @@ TEST_F(HeaderCell, EndsWhatStillMovesBeforeItForms) {
         }
 }
 
+TEST_F(HeaderCell, EndsWhatStillMovesBeforeItLiesDown) {
+    make(false);
+    wait(0.5);
+    const auto targets = heights();
+    cell->animateViewsForDisbaled();
+    for (std::size_t i = 0; i < targets.size(); ++i) {
+        const auto shown = bars()[i]->layer()->presented(toolkit::LayerProperty::Bounds);
+        EXPECT_EQ(std::get<Rect>(shown).height, targets[i]) << i;
+    }
+}
+
+TEST_F(HeaderCell, BringsEveryBarToRestWithinItsLongestDelayAndMovement) {
+    make(false);
+    wait(0.3 + 0.8);
+    EXPECT_TRUE(toolkit::AnimationEngine::shared().isAnimating());
+    wait(99 / 75.0 - 0.8 + 9 / 40.0 + 0.25 + 0.02);
+    EXPECT_FALSE(toolkit::AnimationEngine::shared().isAnimating());
+}
+
 TEST_F(HeaderCell, MayGoWhileItMoves) {
     make(true);
     cell.reset();

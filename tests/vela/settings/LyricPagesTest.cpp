@@ -131,6 +131,13 @@ TEST_F(LyricPages, TheSaveButtonIsDone) {
               preferences::UIBarButtonItem::Style::Done);
 }
 
+TEST_F(LyricPages, UnderATitleViewThereIsNoSaveButton) {
+    const auto editing = page("lyrciEditController", "Song_Band");
+    editing->navigationItem().setTitleView(std::make_shared<toolkit::UIView>());
+    navigation->pushViewController(editing, true);
+    EXPECT_EQ(editing->navigationItem().rightBarButtonItem(), nullptr);
+}
+
 TEST_F(LyricPages, AnEmptiedLyricIsStoredEmpty) {
     lyrics({{"Song_Band", "la"}});
     list();

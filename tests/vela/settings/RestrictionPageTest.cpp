@@ -44,6 +44,23 @@ TEST_F(RestrictionPage, IsThereBeforeItsList) {
     EXPECT_THAT(transcript.take(), IsEmpty()); // no icon was asked for
 }
 
+TEST_F(RestrictionPage, AddsItsRowsAnimated) {
+    struct : preferences::PSListObserver {
+        std::vector<std::pair<std::size_t, bool>> added;
+        void specifiersReloaded() override {}
+        void specifierAdded(std::size_t index, bool animated) override {
+            added.emplace_back(index, animated);
+        }
+        void specifierRemoved(std::size_t, bool) override {}
+        void specifierChanged(const std::shared_ptr<preferences::PSSpecifier>&) override {}
+    } observer;
+    const auto restriction = shown("restrictionController");
+    restriction->setObserver(&observer);
+    wait(0);
+    restriction->setObserver(nullptr);
+    EXPECT_THAT(observer.added, ElementsAre(std::pair(0, true), std::pair(1, true)));
+}
+
 TEST_F(RestrictionPage, AsksForIconsOf29Points) {
     shown("restrictionController");
     wait(0);
