@@ -380,6 +380,19 @@ TEST_F(Tracking, OpeningTheApplicationClosesBothPanels) {
     EXPECT_FALSE(vela::moduleState().rightGrabber->showed());
 }
 
+TEST_F(Tracking, AnswersForAPanelThatIsGoneAreLost) {
+    storeLyric("Song", "Band", "la la");
+    storeCover("Song", "Band");
+    const auto gone = vela::moduleState().right;
+    controller->playbackStateDidChange(true);
+    controller->infoDidChange(info("Song", "Band"));
+    const auto song = gone->artworkCollectionView()->array().at(0);
+    vela::moduleState() = {};
+    wait(1);
+    EXPECT_EQ(gone->lyric()->text(), "");
+    EXPECT_FALSE(hasCover(song));
+}
+
 TEST_F(Tracking, ReportsBeforeTheLaunchReachTheHostAlone) {
     const auto controls = panel().mediaController();
     vela::moduleState() = {};
