@@ -19,11 +19,6 @@ float fraction(const char* key) {
     return VelaSettingsManager::sharedInstance().getPreferenceForKey(key).floatValue();
 }
 
-/// Double precision up to the result, which is single.
-float share(double width, float scale) {
-    return static_cast<float>(width * static_cast<double>(scale));
-}
-
 } // namespace
 
 bool isLandscape(std::int64_t orientation) {
@@ -36,6 +31,10 @@ Rect screenFrame(std::int64_t orientation) {
     if ((landscape && bounds.width < bounds.height) || (!landscape && bounds.width > bounds.height))
         return {0, 0, bounds.height, bounds.width};
     return bounds;
+}
+
+float panelWidth(double screenWidth, float fraction) {
+    return static_cast<float>(screenWidth * static_cast<double>(fraction));
 }
 
 GrabberStrip grabberStrip(double screenHeight) {
@@ -66,24 +65,24 @@ float rightScaleLandscape(Object&) {
 
 float leftSize(Object& self) {
     const Rect bounds = screenBounds();
-    return share(bounds.width,
-                 bounds.width > bounds.height ? leftScaleLandscape(self) : leftScalePortrait(self));
+    return panelWidth(bounds.width,
+                      bounds.width > bounds.height ? leftScaleLandscape(self) : leftScalePortrait(self));
 }
 
 float rightSize(Object& self) {
     const Rect bounds = screenBounds();
-    return share(bounds.width,
-                 bounds.width > bounds.height ? rightScaleLandscape(self) : rightScalePortrait(self));
+    return panelWidth(bounds.width,
+                      bounds.width > bounds.height ? rightScaleLandscape(self) : rightScalePortrait(self));
 }
 
 float leftSizeForOrientation(Object& self, std::int64_t orientation) {
-    return share(screenBounds().width,
-                 isLandscape(orientation) ? leftScaleLandscape(self) : leftScalePortrait(self));
+    return panelWidth(screenBounds().width,
+                      isLandscape(orientation) ? leftScaleLandscape(self) : leftScalePortrait(self));
 }
 
 float rightSizeForOrientation(Object& self, std::int64_t orientation) {
-    return share(screenBounds().width,
-                 isLandscape(orientation) ? rightScaleLandscape(self) : rightScalePortrait(self));
+    return panelWidth(screenBounds().width,
+                      isLandscape(orientation) ? rightScaleLandscape(self) : rightScalePortrait(self));
 }
 
 } // namespace vela::geometry

@@ -16,6 +16,9 @@ bool isLandscape(std::int64_t orientation);
 /// The main screen's bounds, turned so that they suit the orientation.
 toolkit::Rect screenFrame(std::int64_t orientation);
 
+/// A fraction of the screen's width: double precision up to the result, which is single.
+float panelWidth(double screenWidth, float fraction);
+
 /// Height and top of a grabber strip on a screen of height `screenHeight`, after the "Grabber height"
 /// setting.
 struct GrabberStrip {

@@ -10,6 +10,20 @@ using toolkit::Rect;
 
 namespace vela {
 
+namespace {
+
+float leftScale(bool landscape) {
+    auto* application = toolkit::UIApplication::sharedApplication();
+    return landscape ? messages::leftScaleLandscape(application) : messages::leftScalePortrait(application);
+}
+
+float rightScale(bool landscape) {
+    auto* application = toolkit::UIApplication::sharedApplication();
+    return landscape ? messages::rightScaleLandscape(application) : messages::rightScalePortrait(application);
+}
+
+} // namespace
+
 runtime::Class& ViewController::staticClass() {
     static runtime::Class& cls =
         runtime::ClassBuilder<ViewController>("ViewController", &UIViewController::staticClass()).build();
@@ -30,20 +44,15 @@ void ViewController::refresh() {
     const bool landscape = geometry::isLandscape(orientation);
     const geometry::GrabberStrip strip = geometry::grabberStrip(screen.height);
     const double width = VelaSettingsManager::sharedInstance().sensibilityOfVelaGrabber();
-    auto* application = toolkit::UIApplication::sharedApplication();
 
     switch (type_) {
     case LeftPanel: {
-        const float scale =
-            landscape ? messages::leftScaleLandscape(application) : messages::leftScalePortrait(application);
-        const float panel = static_cast<float>(screen.width * static_cast<double>(scale));
-        window->setFrame({-static_cast<double>(panel), 0, panel, screen.height});
+        const double panel = geometry::panelWidth(screen.width, leftScale(landscape));
+        window->setFrame({-panel, 0, panel, screen.height});
         break;
     }
     case RightPanel: {
-        const float scale = landscape ? messages::rightScaleLandscape(application)
-                                      : messages::rightScalePortrait(application);
-        const float panel = static_cast<float>(screen.width * static_cast<double>(scale));
+        const double panel = geometry::panelWidth(screen.width, rightScale(landscape));
         window->setFrame({screen.width, 0, panel, screen.height});
         break;
     }

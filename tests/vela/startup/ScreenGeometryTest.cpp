@@ -138,10 +138,19 @@ TEST_F(ScreenGeometry, AChangeOfTheScreensSizeRefreshesAlongsideAndPassesTheNews
         std::vector<std::function<void()>> alongside;
         bool hasCompletion = false;
     } coordinator;
+    struct Child : toolkit::UIViewController {
+        void viewWillTransitionToSize(toolkit::Size size, toolkit::TransitionCoordinator&) override {
+            told.push_back(size);
+        }
+        std::vector<toolkit::Size> told;
+    };
+    const auto child = std::make_shared<Child>();
     window = std::make_shared<toolkit::UIWindow>(Rect{});
     ViewController controller(ViewController::Sharing);
     controller.setWindow(window.get());
+    controller.addChildViewController(child);
     controller.viewWillTransitionToSize({667, 375}, coordinator);
+    EXPECT_EQ(child->told, (std::vector<toolkit::Size>{{667, 375}}));
     EXPECT_EQ(window->frame(), Rect());
     ASSERT_EQ(coordinator.alongside.size(), 1u);
     EXPECT_FALSE(coordinator.hasCompletion);
