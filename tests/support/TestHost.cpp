@@ -26,6 +26,12 @@ void TestHost::finishLaunching() {
         duringLaunch();
 }
 
+void TestHost::displayTurnedOff() {
+    ++displayOffs;
+    if (duringDisplayOff)
+        duringDisplayOff();
+}
+
 std::shared_ptr<const Image> greyImage(std::uint8_t value, int width, int height) {
     std::vector<std::uint8_t> pixels(static_cast<std::size_t>(width) * height * 4, value);
     for (std::size_t i = 3; i < pixels.size(); i += 4)

@@ -32,6 +32,8 @@ public:
     std::map<std::string, std::string> displayNames{{"com.apple.Music", "Music"}}; // of what is installed
     /// Called inside the host's own launch.
     std::function<void()> duringLaunch;
+    /// Called while the host turns its display off.
+    std::function<void()> duringDisplayOff;
 
     /// The host's own front window and application object.
     std::shared_ptr<toolkit::UIWindow> window;
@@ -45,7 +47,7 @@ public:
     toolkit::Rect visibleKeyboardFrame() const override { return keyboard; }
     bool pressHome() override { return ++homePresses > 0; }
     bool pressHomeTwice() override { return ++doublePresses > 0; }
-    void displayTurnedOff() override { ++displayOffs; }
+    void displayTurnedOff() override;
     void presentHud(const std::shared_ptr<toolkit::UIView>&, double) override { ++huds; }
     std::optional<std::string> displayName(const std::string& bundleIdentifier) const override {
         const auto found = displayNames.find(bundleIdentifier);

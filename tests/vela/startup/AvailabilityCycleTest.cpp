@@ -144,6 +144,34 @@ TEST_F(AvailabilityCycle, ANewSizeLaysPanelAndDimmingOutAndTakesThePanelForClose
     EXPECT_FALSE(state.leftGrabber->showed());
 }
 
+TEST_F(AvailabilityCycle, EachOfTheFourSizesConcernsThePanelOfItsSide) {
+    for (const std::string side : {"left", "right"})
+        for (const std::string way : {"portrait", "landscape"}) {
+            auto& panel = side == "left" ? static_cast<toolkit::UIWindow&>(*state.left)
+                                         : static_cast<toolkit::UIWindow&>(*state.right);
+            auto& other = side == "left" ? static_cast<toolkit::UIWindow&>(*state.right)
+                                         : static_cast<toolkit::UIWindow&>(*state.left);
+            panel.setFrame({1, 2, 3, 4});
+            other.setFrame({5, 6, 7, 8});
+            state.darking->setFrame({9, 10, 11, 12});
+            state.leftGrabber->setShowed(true);
+            state.rightGrabber->setShowed(true);
+            preference(side + "_size_" + way, 0.75);
+            pass();
+            const double width = way == "portrait" ? 281.25 : 300;
+            EXPECT_EQ(panel.frame(), side == "left" ? Rect(-width, 0, width, 667) : Rect(375, 0, width, 667));
+            EXPECT_EQ(other.frame(), Rect(5, 6, 7, 8));
+            EXPECT_EQ(state.darking->frame(), Rect(0, 0, 375, 667));
+            EXPECT_EQ(state.leftGrabber->showed(), side != "left");
+            EXPECT_EQ(state.rightGrabber->showed(), side != "right");
+            panel.setFrame({1, 2, 3, 4});
+            pass();
+            EXPECT_EQ(panel.frame(), Rect(1, 2, 3, 4)) << "laid out for a change alone";
+            preferences(usualPreferences());
+            pass();
+        }
+}
+
 TEST_F(AvailabilityCycle, TheFirstPassAppliesEverythingOnce) {
     EXPECT_EQ(state.leftGrabber->frame(), Rect(0, 0, 15, 667));
     EXPECT_EQ(state.rightGrabber->frame(), Rect(360, 0, 15, 667));

@@ -82,9 +82,14 @@ TEST_F(LaunchAssembly, TheAccessorsAnswerTheWindowsAndNilBeforeLaunch) {
 }
 
 TEST_F(LaunchAssembly, TheChevronSettingOfLaunchCountsAsApplied) {
-    preference("Alternative chevrons", true);
     launch();
+    state = {};
+    preference("Alternative chevrons", true);
+    host->springBoard->applicationDidFinishLaunching(host->springBoard.get());
     EXPECT_TRUE(state.lastChevrons);
+    EXPECT_FALSE(state.left->grabberContainer()->isHidden()) << "the first pass had nothing to lay out";
+    loop.turn();
+    EXPECT_TRUE(state.left->grabberContainer()->isHidden());
 }
 
 } // namespace

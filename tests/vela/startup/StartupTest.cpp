@@ -120,6 +120,15 @@ TEST_F(Startup, TheDefaultsOfAFreshInstallationEnableTheProductWithinTheSlidersR
     }
 }
 
+TEST_F(Startup, AnOldSystemGetsItsDirectoriesAndPreferencesAllTheSame) {
+    const PropertyList::Dictionary defaults{{"Enable", true}};
+    files.writeDictionaryAtomically(vela::paths::defaults, defaults);
+    foundation::ProcessInfo::shared().systemVersion = "8.4";
+    vela::start();
+    EXPECT_TRUE(files.directoryExists(vela::paths::artworks));
+    EXPECT_EQ(files.readDictionary(vela::paths::preferences), defaults);
+}
+
 TEST_F(Startup, HooksNeedSystemVersionNine) {
     EXPECT_FALSE(installsHooks("8.4", "com.apple.springboard"));
     EXPECT_FALSE(installsHooks("8.9.9", "com.apple.springboard"));

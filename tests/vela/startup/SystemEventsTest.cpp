@@ -61,6 +61,21 @@ TEST_F(SystemEvents, HomeWithThePanelOpenClosesBothPanelsAndNothingElse) {
     EXPECT_TRUE(state.left->isHidden());
 }
 
+TEST_F(SystemEvents, HomeWithTheLeftPanelOpenClosesItToo) {
+    touchDown(5, 300);
+    touchMove(305, 300, 0.3);
+    touchUp();
+    wait(0.5);
+    ASSERT_TRUE(state.leftGrabber->showed());
+    posted.clear();
+    EXPECT_TRUE(pressHome());
+    EXPECT_EQ(host->homePresses, 0);
+    EXPECT_EQ(posted, std::vector<std::string>{"dismissed"});
+    wait(0.31);
+    EXPECT_FALSE(state.leftGrabber->showed());
+    EXPECT_TRUE(state.left->isHidden());
+}
+
 TEST_F(SystemEvents, HomeIsSwallowedUntilTheDismissalHasFinished) {
     openRight();
     pressHome();
@@ -100,6 +115,17 @@ TEST_F(SystemEvents, DisplayOffClosesThePanelsAndRemembersTheApplicationInFront)
     EXPECT_EQ(posted, std::vector<std::string>{"dismissed"});
     wait(0.3);
     EXPECT_FALSE(state.rightGrabber->showed());
+}
+
+TEST_F(SystemEvents, DisplayOffAsksWhatIsInFrontOnceTheHostHasActed) {
+    host->top = std::make_shared<homescreen::SBApplication>("com.example.notes", "Notes");
+    host->duringDisplayOff = [this] {
+        EXPECT_TRUE(posted.empty());
+        host->top = nullptr;
+    };
+    homescreen::SBLockScreenViewController()._handleDisplayTurnedOff();
+    EXPECT_EQ(vela::availability::applied().offID, "");
+    EXPECT_EQ(posted, std::vector<std::string>{"dismissed"});
 }
 
 TEST_F(SystemEvents, DisplayOffOnTheHomeScreenOrOverANamelessThingRemembersNothing) {
@@ -155,11 +181,15 @@ TEST_F(SystemEvents, TheBeganHookLooksAtTheGateFirstAndTheStoppedHookDoesNot) {
 TEST_F(SystemEvents, MediaItemsCarryTheSongsProperties) {
     media::MPMediaItem item;
     const runtime::Message<std::optional<std::string>()> songTitle{"songTitle"}, songArtist{"songArtist"};
-    const runtime::Message<void(std::optional<std::string>)> setTitle{"setSongTitle:"};
+    const runtime::Message<void(std::optional<std::string>)> setTitle{"setSongTitle:"},
+        setArtist{"setSongArtist:"};
     EXPECT_EQ(songTitle(item), std::nullopt);
     setTitle(item, "Night");
     EXPECT_EQ(songTitle(item), "Night");
     EXPECT_EQ(songArtist(item), std::nullopt);
+    setArtist(item, "Mira");
+    EXPECT_EQ(songArtist(item), "Mira");
+    EXPECT_EQ(songTitle(item), "Night");
     setTitle(item, std::nullopt);
     EXPECT_EQ(songTitle(item), std::nullopt);
     const auto artwork = std::make_shared<media::MPMediaItemArtwork>(tests::greyImage(3));
