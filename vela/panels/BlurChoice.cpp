@@ -17,7 +17,10 @@ std::shared_ptr<const toolkit::Image> getScreenImage(runtime::Object&) {
 }
 
 BlurEffectStyle styleFor(const toolkit::Image* screen) {
-    const toolkit::Color color = screen ? mergedColor(*screen) : toolkit::Color();
+    return styleFor(screen ? mergedColor(*screen) : toolkit::Color());
+}
+
+BlurEffectStyle styleFor(const toolkit::Color& color) {
     const float mean = static_cast<float>((color.red + color.green + color.blue) / 3);
     return mean > 0.5f ? BlurEffectStyle::Dark : BlurEffectStyle::Light;
 }

@@ -12,7 +12,9 @@ namespace vela::blur {
 /// The screen as it is displayed now; a method of the host's application object.
 std::shared_ptr<const toolkit::Image> getScreenImage(runtime::Object& self);
 
-/// A bright picture is covered by a dark panel: dark above a mean of 0.5, light at 0.5 and below.
+/// A bright colour is covered by a dark panel: dark above a mean of 0.5, light at 0.5 and below.
+toolkit::BlurEffectStyle styleFor(const toolkit::Color& color);
+/// The same for a picture as a whole; none counts as black.
 toolkit::BlurEffectStyle styleFor(const toolkit::Image* screen);
 
 /// The style that the "Blur" setting asks for; only "auto" takes a picture of the screen.

@@ -30,11 +30,16 @@ TEST_F(BlurChoice, TheTurningPointLiesBetween127And128) {
     EXPECT_EQ(vela::blur::styleFor(tests::greyImage(127, 75, 133).get()), BlurEffectStyle::Light);
 }
 
-TEST_F(BlurChoice, AMeanOfExactlyHalfGivesLight) {
-    // (0 + 127.5 + 255) / 3 / 255 would be half; bytes come closest with a sum of 382.5, so half is met by
-    // none of them and the two neighbours decide it.
+TEST_F(BlurChoice, TheMeanOfAllThreeComponentsDecides) {
     EXPECT_EQ(vela::blur::styleFor(image(1, 1, {255, 127, 0, 255}).get()), BlurEffectStyle::Light);
     EXPECT_EQ(vela::blur::styleFor(image(1, 1, {255, 128, 0, 255}).get()), BlurEffectStyle::Dark);
+}
+
+TEST_F(BlurChoice, AMeanOfExactlyHalfInSinglePrecisionGivesLight) {
+    const auto grey = [](double value) { return vela::blur::styleFor(Color::rgba(value, value, value)); };
+    EXPECT_EQ(grey(0.5), BlurEffectStyle::Light);
+    EXPECT_EQ(grey(0.5 + 1e-9), BlurEffectStyle::Light);
+    EXPECT_EQ(grey(0.5 + 1e-7), BlurEffectStyle::Dark);
 }
 
 TEST_F(BlurChoice, WithoutAPictureTheScreenCountsAsBlack) {
