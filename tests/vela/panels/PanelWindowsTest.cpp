@@ -47,6 +47,9 @@ struct PanelWindows : tests::ProductTest {
         state.right->layoutIfNeeded();
     }
 
+    static Color colorOf(const homescreen::SBChevronView& chevron) {
+        return *chevron.subviews().front()->backgroundColor();
+    }
     double labelBottom() const { return 20 + state.right->applicationLabel()->frame().height; }
 };
 
@@ -61,6 +64,7 @@ TEST_F(PanelWindows, TheDimmingWindowIsBuiltAsItShould) {
         EXPECT_EQ(chevron->superview(), darking.controller()->view().get());
         EXPECT_EQ(chevron->transform(), AffineTransform::rotation(-std::numbers::pi / 2));
         EXPECT_EQ(chevron->state(), 0);
+        EXPECT_EQ(colorOf(*chevron), Color::white(0.8, 0.9));
         EXPECT_TRUE(chevron->isUserInteractionEnabled());
     }
     EXPECT_EQ(darking.touchController(), 0);
@@ -94,6 +98,7 @@ TEST_F(PanelWindows, TheLeftPanelsHierarchy) {
     EXPECT_EQ(left.grabberView()->superview(), left.grabberContainer().get());
     EXPECT_EQ(left.grabberView()->transform(), AffineTransform::rotation(std::numbers::pi / 2));
     EXPECT_EQ(left.grabberView()->state(), 1);
+    EXPECT_EQ(colorOf(*left.grabberView()), Color::black());
     EXPECT_TRUE(left.clipsToBounds());
     EXPECT_EQ(left.blurView()->effect(), VisualEffect::blur(BlurEffectStyle::Dark));
 }
@@ -107,6 +112,7 @@ TEST_F(PanelWindows, TheRightPanelsHierarchy) {
     EXPECT_EQ(right.grabberContainer()->superview(), &right);
     EXPECT_EQ(right.grabberView()->transform(), AffineTransform::rotation(-std::numbers::pi / 2));
     EXPECT_EQ(right.grabberView()->state(), 1);
+    EXPECT_EQ(colorOf(*right.grabberView()), Color::black());
     EXPECT_EQ(right.applicationLabel()->superview(), right.vibrancyView()->contentView().get());
     EXPECT_EQ(vela::rightController().applicationLabel()->text(), " ");
     EXPECT_EQ(right.applicationLabel()->text(), "Music") << "once it has been told how things stand";
@@ -231,6 +237,19 @@ TEST_F(PanelWindows, WithAlternativeChevronsAPanCannotBeginOnThePanel) {
     touchMove(300, 300, 0.1);
     EXPECT_NE(state.right->frame(), open);
     touchUp();
+}
+
+TEST_F(PanelWindows, ATapOnTheLabelLeadsToTheApplicationThatPlays) {
+    touchDown(370, 300);
+    touchMove(100, 300, 0.2);
+    touchUp();
+    wait(0.5);
+    ASSERT_TRUE(state.rightGrabber->showed());
+    const auto& label = *state.right->applicationLabel();
+    const Point middle = label.convertPointTo(label.bounds().center(), nullptr);
+    tap(middle.x, middle.y);
+    wait(0.5);
+    EXPECT_FALSE(state.rightGrabber->showed()) << "the panel gives way to it";
 }
 
 TEST_F(PanelWindows, ThePlaceholderIsShownAndCannotBeTouched) {

@@ -71,7 +71,7 @@ struct WindowGrabber : tests::ProductTest {
         grabber.describeProperties(json);
         return json;
     }
-    /// Lets go of the right strip at `velocity` points a second; the finger has moved 100 points to the left.
+    /// Lets go of the right strip at `velocity` points a second.
     void flingRight(double velocity) { flingFrom(370, 270, velocity); }
     void flingLeft(double velocity) { flingFrom(5, 105, velocity); }
     void flingFrom(double from, double to, double velocity) {
@@ -200,7 +200,7 @@ TEST_F(WindowGrabber, AFlingsDurationIsAHundredPointsAtItsSpeed) {
 }
 
 TEST_F(WindowGrabber, BelowFiveHundredTheHalfWayRuleDecides) {
-    // 100 of 300 points pulled: a release at 499 is slow, and closes.
+    // The panel has come in by the last step alone, far from half way: a release at 499 is slow, and closes.
     flingRight(-499);
     EXPECT_EQ(rightX(), 375);
     wait(0.31);
@@ -227,6 +227,34 @@ TEST_F(WindowGrabber, ExactlyHalfWayBothPanelsOpen) {
     touchMove(175, 300, 0.3);
     ASSERT_EQ(leftX(), -150);
     wait(0.3);
+    touchUp();
+    EXPECT_EQ(leftX(), 0);
+}
+
+TEST_F(WindowGrabber, AtAlmostAFlingsSpeedExactlyHalfWayBothPanelsOpen) {
+    const double step = 499 * 0.0625;
+    touchDown(370, 300);
+    touchMove(350, 300, 1.0 / 60); // begins here
+    moveInOneStep(200 - step, 300, 0.25);
+    wait(0.25);
+    moveInOneStep(200 - step, 300, 0);
+    moveInOneStep(200, 300, 0.0625); // back towards closed
+    EXPECT_EQ(properties(*state.rightGrabber)["velocity"], 499.0f);
+    ASSERT_EQ(rightX(), 225);
+    touchUp();
+    EXPECT_EQ(rightX(), 75);
+    wait(0.31);
+    tap(20, 300);
+    wait(0.5);
+
+    touchDown(5, 300);
+    touchMove(25, 300, 1.0 / 60);
+    moveInOneStep(175 + step, 300, 0.25);
+    wait(0.25);
+    moveInOneStep(175 + step, 300, 0);
+    moveInOneStep(175, 300, 0.0625);
+    EXPECT_EQ(properties(*state.leftGrabber)["velocity"], -499.0f);
+    ASSERT_EQ(leftX(), -150);
     touchUp();
     EXPECT_EQ(leftX(), 0);
 }
@@ -284,6 +312,29 @@ TEST_F(WindowGrabber, ADismissalHidesThePanelAtItsEnd) {
     wait(0.251);
     EXPECT_TRUE(state.right->isHidden());
     EXPECT_FALSE(state.rightGrabber->showed());
+}
+
+TEST_F(WindowGrabber, TheDismissalEasesInToo) {
+    openRight();
+    state.rightGrabber->dismissControllerWithTap();
+    wait(0.15);
+    const auto shown = std::get<Point>(state.right->layer()->presented(LayerProperty::Position));
+    EXPECT_NEAR((shown.x - 150 - 75) / 300, curveValue(AnimationCurve::EaseIn, 0.5), 0.02);
+}
+
+TEST_F(WindowGrabber, AnInterruptedDismissalLeavesThePanelUnhiddenAndShown) {
+    openRight();
+    state.rightGrabber->dismissControllerWithTap();
+    wait(0.1);
+    touchDown(370, 300);
+    touchMove(350, 300, 1.0 / 60); // as far as this finger is concerned, the panel begins closed
+    wait(1);
+    EXPECT_TRUE(state.rightGrabber->showed());
+    EXPECT_FALSE(state.right->isHidden());
+    touchUp();
+    wait(0.5);
+    EXPECT_FALSE(state.rightGrabber->showed());
+    EXPECT_TRUE(state.right->isHidden());
 }
 
 TEST_F(WindowGrabber, TheLeftDimmingOverlapsThePanelOnlyWhilePulledOrShown) {
@@ -481,6 +532,16 @@ TEST_F(WindowGrabber, ChevronsOfTheAlternativeStyleRideOnThePanelsEdge) {
     touchUp();
 }
 
+TEST_F(WindowGrabber, TheLeftPanelsShowAnimationCentresItsChevronByTheOthersHeight) {
+    auto& left = *state.darking->leftChevron();
+    const Size own = left.frame().size();
+    state.darking->rightChevron()->setFrame({0, 0, 20, 100});
+    state.leftGrabber->showControllerWithDuration(0.1f, 0);
+    EXPECT_NEAR(left.frame().x, 0, 1e-9);
+    EXPECT_NEAR(left.frame().y, (667 - 100) * 0.5, 1e-9);
+    EXPECT_NEAR(left.frame().height, own.height, 1e-9);
+}
+
 TEST_F(WindowGrabber, WithoutTheAlternativeStyleBothChevronsAreHidden) {
     touchDown(370, 300);
     touchMove(250, 300, 0.1);
@@ -532,6 +593,7 @@ TEST_F(WindowGrabber, AlongYThePanFollowsTheVerticalFinger) {
     touchMove(367, 480, 0.1);
     // delta = 100; the span is the screen's height, so the panel opens at 667 - 300.
     EXPECT_EQ(rightX(), std::max(375.0 - 100.0, 367.0));
+    EXPECT_LT(properties(*state.rightGrabber)["velocity"].get<double>(), 0);
     touchUp();
 }
 
