@@ -56,14 +56,16 @@ TEST_F(Board, CentresASingleTile) {
 TEST_F(Board, LaysOpenTilesOverTheVisibleArea) {
     installTiles(4);
     vela::velaBoard board({0, 0, 300, 500});
-    board.setContentOffset({0, 650});
+    board.setContentOffset({0, 700});
     board.apps().front()->setIsOpen(true);
     board.setIndexOfOpenedApp(2);
     EXPECT_EQ(board.scaleFactor(), 1.0);
-    const double y = board.contentOffset().y;
     board.setFrame({0, 0, 300, 500});
-    for (int i = 0; i < 4; ++i)
-        EXPECT_EQ(board.apps()[i]->frame(), Rect(0, y + (i - 2) * 500, 300, 500));
+    const double tops[] = {-300, 200, 700, 1200};
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(board.apps()[i]->frame(), Rect(0, tops[i], 300, 500));
+        EXPECT_EQ(board.apps()[i]->trasformedFrame(), Rect(0, tops[i], 300, 500));
+    }
     EXPECT_EQ(board.apps()[3]->originalFrame(), Rect(82.5, 875, 135, 225));
     EXPECT_EQ(board.contentSize().height, 1150); // that of the closed tiles
 }
@@ -120,12 +122,13 @@ TEST_F(Board, NeverLooksAThirdTime) {
 TEST_F(Board, TheEndOfAScrollWithoutAWaitingTileDoesNothing) {
     installTiles(2);
     vela::velaBoard board({0, 0, 300, 500});
-    board.scrollViewDidEndScrollingAnimation(board);
-    EXPECT_FALSE(board.apps()[0]->isAnimating());
-    board.setIndexOfOpenedApp(77);
-    board.scrollViewDidEndScrollingAnimation(board);
-    board.setIndexOfOpenedApp(-1);
-    board.scrollViewDidEndScrollingAnimation(board);
+    board.apps()[1]->setWaiting(true); // not the one that was tapped last
+    for (const int index : {0, 77, -1}) {
+        board.setIndexOfOpenedApp(index);
+        board.scrollViewDidEndScrollingAnimation(board);
+        EXPECT_EQ(board.apps()[0]->frame(), Rect(82.5, 50, 135, 225));
+        EXPECT_TRUE(board.apps()[1]->waiting());
+    }
 }
 
 TEST_F(Board, ShowsIconAndNameOfEachPlugIn) {
@@ -143,6 +146,15 @@ TEST_F(Board, ShowsIconAndNameOfEachPlugIn) {
     EXPECT_EQ(board.apps()[1]->icon()->lbl()->text(), "");
     EXPECT_FALSE(board.apps()[1]->icon()->icon()->image());
     EXPECT_FALSE(board.apps()[2]->icon()->icon()->image());
+}
+
+TEST_F(Board, AHostWithoutIconsOfItsOwnGivesThemNoSize) {
+    auto& registry = runtime::Registry::shared();
+    auto& icons = *registry.find("SBIconView");
+    registry.remove("SBIconView");
+    EXPECT_EQ(vela::velaIconView::frameInTile({135, 225}), Rect(62.5, 102.5, 10, 20));
+    registry.add(icons);
+    EXPECT_EQ(vela::velaIconView::frameInTile({135, 225}), Rect(32.5, 72.5, 70, 80));
 }
 
 TEST_F(Board, AnIconViewLiesInTheTilesMiddle) {

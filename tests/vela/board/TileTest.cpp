@@ -117,6 +117,7 @@ TEST_F(Tile, ScrollsIntoSightFirstWhenItsTopIsAtOrAboveTheVisibleTop) {
     board->setContentOffset({0, 325}); // exactly at the top of the second tile
     tile(1).appClicked();
     EXPECT_TRUE(tile(1).waiting());
+    EXPECT_EQ(tile(1).hostingView()->alpha(), 0);
     EXPECT_EQ(board->contentOffset(), (Point{0, 305}));
     EXPECT_EQ(tile(1).frame(), Rect(82.5, 325, 135, 225));
     wait(0.29);
@@ -178,6 +179,25 @@ TEST_F(Tile, TheCornersRoundOffLinearly) {
     wait(0.4);
     EXPECT_NEAR(std::get<double>(tile(0).layer()->presented(LayerProperty::CornerRadius)), 5, 1e-9);
     EXPECT_EQ(tile(0).layer()->cornerRadius(), 0);
+}
+
+TEST_F(Tile, ClosingTheCornersRoundOffFromWhereTheDragHasLeftThem) {
+    makeBoard("ab", "a");
+    open(0);
+    dragTitle(0, 0.6);
+    EXPECT_NEAR(tile(0).layer()->cornerRadius(), 6, 1e-5);
+    touchUp();
+    wait(0.4);
+    EXPECT_NEAR(std::get<double>(tile(0).layer()->presented(LayerProperty::CornerRadius)), 8, 1e-5);
+}
+
+TEST_F(Tile, ReopeningTheCornersAlwaysStartFullyRound) {
+    makeBoard("ab", "a");
+    open(0);
+    dragTitle(0, 0.2);
+    touchUp();
+    wait(0.4);
+    EXPECT_NEAR(std::get<double>(tile(0).layer()->presented(LayerProperty::CornerRadius)), 5, 1e-9);
 }
 
 TEST_F(Tile, AnInterruptedOpeningLeavesTheFlagsAsTheyWere) {
@@ -252,6 +272,23 @@ TEST_F(Tile, ADragReleasedAtExactlyHalfReopens) {
     EXPECT_FALSE(board->isScrollEnabled());
 }
 
+TEST_F(Tile, OnlyThePlugInThatWasDraggedComesBack) {
+    makeBoard("ab", "ab");
+    open(0);
+    for (const auto& one : board->apps())
+        one->closeOpenedApp();
+    wait(1);
+    open(1);
+    dragTitle(1, 0.25);
+    EXPECT_EQ(tile(1).hostingView()->alpha(), 0.75);
+    EXPECT_EQ(tile(0).hostingView()->alpha(), 0);
+    touchUp();
+    for (int i = 0; i < 2; ++i)
+        EXPECT_TRUE(tile(i).isAnimating());
+    EXPECT_EQ(tile(1).hostingView()->alpha(), 1);
+    EXPECT_EQ(tile(0).hostingView()->alpha(), 0);
+}
+
 TEST_F(Tile, ADragReleasedBeyondHalfCloses) {
     makeBoard("abc", "a");
     open(0);
@@ -260,6 +297,8 @@ TEST_F(Tile, ADragReleasedBeyondHalfCloses) {
     touchUp();
     EXPECT_EQ(calls(), (std::vector<std::string>{"a appDidEnterBackground", "a appDidEnterBackground",
                                                  "a appDidEnterBackground"}));
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(tile(i).isAnimating());
     wait(1);
     for (int i = 0; i < 3; ++i) {
         EXPECT_FALSE(tile(i).isOpen());
@@ -408,6 +447,19 @@ TEST_F(Tile, NewerSystemsMeasureTheDragAlongXOnATurnedScreen) {
         screen(375, 500);
         EXPECT_FALSE(hosting.needsReverse());
     }
+}
+
+TEST_F(Tile, ADragMeasuredAlongXFollowsTheFingerSideways) {
+    makeBoard("ab", "a");
+    open(0);
+    foundation::ProcessInfo::shared().systemVersion = "9.3.3"; // the board is not as high as the screen
+    touchDown(100, 40);
+    touchMove(120, 90, 1.0 / 60); // the drag is measured from here
+    touchMove(120, 300, 0.1);
+    EXPECT_EQ(tile(0).frame(), tile(0).trasformedFrame());
+    touchMove(132.5, 300, 0.1); // a quarter of the way of 50 points
+    EXPECT_EQ(tile(0).grayView()->alpha(), 0.25);
+    touchUp();
 }
 
 TEST_F(Tile, OneThatWasTurnedOffSaysSoAndCanBeTurnedOnAgain) {
