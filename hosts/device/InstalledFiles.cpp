@@ -16,7 +16,7 @@ std::filesystem::path resourceDirectory() {
     const auto installed = executableDirectory() / ".." / "share" / "vela3";
     if (std::filesystem::is_directory(installed / "device", error))
         return installed.lexically_normal();
-    return VELA_RESOURCE_DIR;
+    return (executableDirectory() / ".." / "resources").lexically_normal();
 }
 
 std::filesystem::path builtDeviceDirectory() {

@@ -21,16 +21,19 @@ namespace {
 constexpr int patience = 10'000; // milliseconds for a file
 constexpr std::uint64_t longestAnswer = 1024 * 1024;
 
-std::filesystem::path programBesideThisOne() {
+/// Beside this one in a build, else where the installation keeps its helpers.
+std::filesystem::path tagReader() {
     std::error_code error;
-    const auto program =
-        std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / TagProcess::programName;
-    return std::filesystem::exists(program, error) ? program : std::filesystem::path();
+    const auto here = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+    for (const auto& directory : {here, here / ".." / "lib" / "vela3"})
+        if (std::filesystem::exists(directory / TagProcess::programName, error))
+            return directory / TagProcess::programName;
+    return {};
 }
 
 } // namespace
 
-TagProcess::TagProcess() : program_(programBesideThisOne()) {
+TagProcess::TagProcess() : program_(tagReader()) {
     if (program_.empty())
         foundation::log(std::string(programName) + " is missing; music files are read without it.");
 }

@@ -18,7 +18,7 @@ class TagProcess {
 public:
     static constexpr const char* programName = "vela-tag-reader";
 
-    /// Uses the program beside the running one; without it tags are read in this process.
+    /// Uses the program that comes with the running one; without it tags are read in this process.
     TagProcess();
     TagProcess(const TagProcess&) = delete;
     TagProcess& operator=(const TagProcess&) = delete;
