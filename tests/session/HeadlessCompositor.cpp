@@ -31,8 +31,9 @@ HeadlessCompositor::HeadlessCompositor(Screen screen, Kind kind) : screen_(std::
 void HeadlessCompositor::writeConfiguration() const {
     const std::string mode = std::to_string(screen_.width) + "x" + std::to_string(screen_.height);
     std::ofstream sway(directory_.path() / "sway.conf");
-    sway << "output HEADLESS-1 mode " << mode << " position 0 0 scale " << screen_.scale << " transform "
-         << screen_.transform << " bg #336699 solid_color\n"
+    sway << "output " << (screen_.parent.empty() ? "HEADLESS-1" : "WL-1") << " mode " << mode
+         << " position 0 0 scale " << screen_.scale << " transform " << screen_.transform
+         << " bg #336699 solid_color\n"
          << "default_border none\nfocus_follows_mouse no\nxwayland disable\n";
     std::ofstream phoc(directory_.path() / "phoc.ini");
     phoc << "[core]\nxwayland=false\n[output:HEADLESS-1]\nmode=" << mode << "\nscale=" << screen_.scale
@@ -50,26 +51,37 @@ std::vector<std::string> HeadlessCompositor::commandLine() const {
     return command;
 }
 
+std::vector<std::string> HeadlessCompositor::variables() const {
+    const std::string directory = directory_.path();
+    return {"XDG_RUNTIME_DIR=" + directory,
+            "HOME=" + directory,
+            "SWAYSOCK=" + directory + "/ipc",
+            "WLR_RENDERER=pixman",
+            "WLR_LIBINPUT_NO_DEVICES=1",
+            std::string("WLR_BACKENDS=") + (screen_.parent.empty() ? "headless" : "wayland"),
+            "WAYLAND_DISPLAY=" + screen_.parent};
+}
+
 bool HeadlessCompositor::start() {
-    const fs::path socket = directory_.path() / display();
     std::error_code error;
-    fs::remove(socket, error);
-    fs::remove(directory_.path() / (display() + ".lock"), error);
-    process_ = std::make_unique<support::BackgroundProcess>(
-        commandLine(),
-        std::vector<std::string>{"XDG_RUNTIME_DIR=" + directory_.path().string(),
-                                 "HOME=" + directory_.path().string(), "WLR_BACKENDS=headless",
-                                 "WLR_RENDERER=pixman", "WLR_LIBINPUT_NO_DEVICES=1",
-                                 "WAYLAND_DISPLAY=", "SWAYSOCK=" + (directory_.path() / "ipc").string()});
+    fs::remove(socket(), error);
+    fs::remove(socket().native() + ".lock", error);
+    process_ = std::make_unique<support::BackgroundProcess>(commandLine(), variables());
     // Once a picture can be taken the output stands.
-    started_ = process_->started() &&
-               eventually([&] { return fs::exists(socket) && takePicture(directory_.path() / "first.png"); });
+    started_ = process_->started() && eventually([&] {
+                   return fs::exists(socket()) && takePicture(directory_.path() / "first.png");
+               });
     return started_;
 }
 
 void HeadlessCompositor::stop() {
     process_.reset();
     started_ = false;
+}
+
+void HeadlessCompositor::kill() {
+    process_->killNow();
+    stop();
 }
 
 std::vector<std::string> HeadlessCompositor::environment() const {

@@ -21,6 +21,7 @@ public:
         int height = 1334;
         std::string scale = "2";
         std::string transform = "normal";
+        std::string parent = {}; // the socket of the compositor in which it is a window; empty for none
     };
 
     explicit HeadlessCompositor(Screen screen, Kind kind = Kind::Sway);
@@ -29,6 +30,10 @@ public:
     /// Starts it again on the same socket, after its end.
     bool start();
     void stop();
+    /// Ends it as a crash does.
+    void kill();
+    /// Where it listens.
+    std::filesystem::path socket() const { return directory_.path() / display(); }
     /// What its clients need: "WAYLAND_DISPLAY=…", "XDG_RUNTIME_DIR=…".
     std::vector<std::string> environment() const;
     /// As the compositor chooses it in an empty runtime directory.
@@ -41,6 +46,7 @@ public:
 
 private:
     std::vector<std::string> commandLine() const;
+    std::vector<std::string> variables() const;
     void writeConfiguration() const;
 
     Screen screen_;

@@ -1,5 +1,5 @@
 // What the session's services tell, and what happens when they are missing, go and come back.
-#include "tests/session/SessionTest.h"
+#include "tests/session/MockedServices.h"
 
 #include <gmock/gmock.h>
 
@@ -8,43 +8,7 @@ namespace tests {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-namespace {
-
-constexpr const char* mock = "org.freedesktop.DBus.Mock";
-constexpr const char* login = "org.freedesktop.login1";
-constexpr const char* loginSession = "/org/freedesktop/login1/session/c1";
-constexpr const char* keyboard = "sm.puri.OSK0";
-constexpr const char* keyboardPath = "/sm/puri/OSK0";
-
-} // namespace
-
-class SessionServices : public SessionTest {
-protected:
-    void startLogin() {
-        startMock({"--template", "logind"}, login);
-        take(bus().call(login, "/org/freedesktop/login1", mock, "AddSession",
-                        g_variant_new("(ssusb)", "c1", "seat0", 1000u, "someone", TRUE)));
-    }
-    void setLockedHint(bool locked) {
-        take(bus().call(login, loginSession, "org.freedesktop.login1.Session", "SetLockedHint",
-                        g_variant_new("(b)", locked)));
-    }
-    void startKeyboard() {
-        startMock({keyboard, keyboardPath, keyboard}, keyboard);
-        take(bus().call(keyboard, keyboardPath, mock, "AddProperty",
-                        g_variant_new("(ssv)", keyboard, "Visible", g_variant_new_boolean(FALSE))));
-    }
-    void setKeyboardVisible(bool visible) {
-        GVariantBuilder properties;
-        g_variant_builder_init(&properties, G_VARIANT_TYPE("a{sv}"));
-        g_variant_builder_add(&properties, "{sv}", "Visible", g_variant_new_boolean(visible));
-        take(bus().call(keyboard, keyboardPath, mock, "UpdateProperties",
-                        g_variant_new("(sa{sv})", keyboard, &properties)));
-    }
-    bool waitForLocked(bool locked) {
-        return eventually([&] { return state()["locked"] == locked; });
-    }
-};
+using SessionServices = MockedServices;
 
 TEST_F(SessionServices, NoPanelLiesOverALockedSession) {
     startLogin();

@@ -37,19 +37,25 @@ void SessionTest::start(HeadlessCompositor::Screen screen, HeadlessCompositor::K
     startHost();
 }
 
+void SessionTest::hideFromHost(std::set<std::string> interfaces) {
+    door_ = std::make_unique<CompositorDoor>(compositor_->socket(), std::move(interfaces));
+}
+
 void SessionTest::startHost(const std::vector<std::string>& arguments, HostLog log) {
     std::vector<std::string> command{VELA_BINARY_DIR "/bin/vela-session", "--root", root()};
     command.insert(command.end(), arguments.begin(), arguments.end());
     auto environment = bus_.environment();
     for (const auto& variable : compositor_->environment())
         environment.push_back(variable);
+    if (door_)
+        environment.push_back(door_->environment());
     environment.push_back("XDG_SESSION_ID=c1");
     environment.push_back(dataVariable());
-    if (log == HostLog::Protocol) {
+    if (log == HostLog::Protocol)
         environment.push_back("WAYLAND_DEBUG=1");
+    if (log != HostLog::None)
         command.insert(command.begin(), {"/bin/sh", "-c", "log=$1; shift; exec \"$@\" 2> \"$log\"", "sh",
                                          directory_.path() / "host.log"});
-    }
     host_ = std::make_unique<support::BackgroundProcess>(command, environment);
     ASSERT_TRUE(eventually([&] { return !state().is_null(); }));
 }

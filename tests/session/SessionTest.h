@@ -1,6 +1,7 @@
 // A test with the real session host in a real compositor, on a bus of its own.
 #pragma once
 
+#include "tests/session/CompositorDoor.h"
 #include "tests/session/HeadlessCompositor.h"
 #include "tests/session/Patience.h"
 #include "tests/session/PrivateBus.h"
@@ -24,11 +25,15 @@ protected:
                HeadlessCompositor::Kind kind = HeadlessCompositor::Kind::Sway);
     void startCompositor(HeadlessCompositor::Screen screen = {},
                          HeadlessCompositor::Kind kind = HeadlessCompositor::Kind::Sway);
+    /// Keeps globals of the compositor from hosts that are started from now on; names of interfaces.
+    void hideFromHost(std::set<std::string> interfaces);
+    /// What such a host goes through.
+    CompositorDoor& door() { return *door_; }
     /// Starts the host, in the compositor and on the bus that are there.
-    enum class HostLog { None, Protocol };
+    enum class HostLog { None, Words, Protocol };
     void startHost(const std::vector<std::string>& arguments = {"--no-supervisor"},
                    HostLog log = HostLog::None);
-    /// What the host has said, and, if that is asked for, everything between it and the compositor.
+    /// What the host has said, if that is asked for, and everything between it and the compositor.
     std::string log() const;
     void stopHost() { host_.reset(); }
     /// The exit code of a host that ends by itself.
@@ -78,6 +83,7 @@ private:
     PrivateBus bus_;
     std::vector<std::unique_ptr<support::BackgroundProcess>> mocks_;
     std::unique_ptr<HeadlessCompositor> compositor_;
+    std::unique_ptr<CompositorDoor> door_;
     std::unique_ptr<TestClient> client_;
     std::unique_ptr<support::BackgroundProcess> host_;
     double pointerX_ = 0, pointerY_ = 0;

@@ -25,7 +25,7 @@ SessionHomeScreen::SessionHomeScreen(Bus& session, Bus& system, Configuration co
     : configuration_(std::move(configuration)),
       springBoard_(std::make_shared<homescreen::SpringBoard>()),
       lockScreen_(std::make_shared<homescreen::SBLockScreenViewController>()),
-      lock_(system, [this] { lockHasChanged(); }),
+      login_(system, [this] { loginHasChanged(); }),
       keyboard_(session, [] {}), // the product asks twice a second
       sensor_(system, [this] { followOutput(); }) {
     auto& process = foundation::ProcessInfo::shared();
@@ -49,14 +49,19 @@ void SessionHomeScreen::finishLaunching() {
 
 // ---- Output
 
-void SessionHomeScreen::setOutput(const Output* output) {
+void SessionHomeScreen::setOutput(const Output* output, double scale) {
     output_ = output;
+    scale_ = scale;
     followOutput();
 }
 
 void SessionHomeScreen::followOutput() {
-    if (!output_ || !output_->isReady())
-        return;
+    if (output_ && output_->isReady())
+        layOut();
+    followPower();
+}
+
+void SessionHomeScreen::layOut() {
     const Size size = output_->logicalSize();
     const bool sideways = output_->transform() % 2 == 1;
     const bool isWide = size.width > size.height;
@@ -67,23 +72,39 @@ void SessionHomeScreen::followOutput() {
     if (front_)
         front_->setStatusBarOrientation(orientation_);
     const bool resized = size != UIScreen::mainScreen().bounds().size();
-    setScreen(size, output_->scale());
+    if (resized && keyWindow_)
+        configuration_.resizing(before != orientation_);
+    setScreen(size);
     if (keyWindow_ && (resized || before != orientation_))
         WindowServer::shared().setInterfaceOrientation(static_cast<int>(orientation_), 0);
-    setDisplayOn(output_->isOn());
 }
 
-void SessionHomeScreen::setScreen(Size size, double scale) {
+void SessionHomeScreen::setScreen(Size size) {
     UIScreen::mainScreen().setSize(size);
-    UIScreen::mainScreen().setScale(scale);
+    UIScreen::mainScreen().setScale(scale_);
     if (keyWindow_)
         keyWindow_->setFrame(UIScreen::mainScreen().bounds());
     toolkit::Layer::noteChange();
 }
 
-void SessionHomeScreen::setDisplayOn(bool on) {
-    if (std::exchange(displayOn_, on) && !on)
+/// Where the compositor does not tell, the login manager knows that nobody looks.
+bool SessionHomeScreen::isOutputOn() const {
+    if (!output_ || !output_->isReady())
+        return false;
+    return output_->isPowerWatched() ? output_->isOn() : !login_.isIdle();
+}
+
+void SessionHomeScreen::followPower() {
+    const bool on = isOutputOn();
+    const bool turnedOff = std::exchange(displayOn_, on) && !on;
+    if (turnedOff && keyWindow_)
         lockScreen_->_handleDisplayTurnedOff();
+    tellWhetherSeen();
+}
+
+void SessionHomeScreen::tellWhetherSeen() {
+    if (std::exchange(seen_, mayBeSeen()) != mayBeSeen())
+        configuration_.mayBeSeenChanged();
 }
 
 // ---- What the session does
@@ -102,10 +123,12 @@ SessionHomeScreen::applicationInFront(const std::string& window) const {
     return application;
 }
 
-void SessionHomeScreen::lockHasChanged() {
-    configuration_.lockChanged();
-    if (isLocked() && keyWindow_)
+void SessionHomeScreen::loginHasChanged() {
+    tellWhetherSeen();
+    const bool isNews = std::exchange(locked_, isLocked()) != isLocked();
+    if (isNews && isLocked() && keyWindow_)
         lockScreen_->_handleDisplayTurnedOff();
+    followPower();
 }
 
 void SessionHomeScreen::displayTurnedOff() {

@@ -7,9 +7,9 @@
 #pragma once
 
 #include "hosts/desktop/DesktopEntries.h"
+#include "hosts/session/homescreen/LoginSession.h"
 #include "hosts/session/homescreen/OnScreenKeyboard.h"
 #include "hosts/session/homescreen/OrientationSensor.h"
-#include "hosts/session/homescreen/SessionLock.h"
 #include "hosts/session/wayland/Output.h"
 #include "platform/homescreen/HostPort.h"
 #include "platform/homescreen/SBApplication.h"
@@ -26,8 +26,10 @@ public:
         std::string systemVersion = "9.3";
         /// What the screen shows now; null when it cannot be told.
         std::function<std::shared_ptr<const toolkit::Image>()> capture;
-        /// Called when isLocked() has changed.
-        std::function<void()> lockChanged;
+        /// Called before the screen takes another size; `turning` says that it does so because it turns.
+        std::function<void(bool turning)> resizing;
+        /// Called when mayBeSeen() has changed.
+        std::function<void()> mayBeSeenChanged;
         /// The name of an application that plays music but has no desktop entry; nothing for any other.
         std::function<std::optional<std::string>(const std::string& bundleIdentifier)> playerName;
     };
@@ -37,13 +39,16 @@ public:
     /// Launches the home screen: extensions are to be loaded before, and the output told.
     void launch();
 
-    /// The output that everything is shown on; null while there is none.
-    void setOutput(const Output* output);
+    /// The output that everything is shown on, drawn with `scale` pixels each point; null while there is
+    /// none, which is a display that is off.
+    void setOutput(const Output* output, double scale);
     /// What the window in front says that its application is called; empty for none.
     void setFront(const std::string& window);
-    bool isLocked() const { return lock_.isLocked(); }
+    bool isLocked() const { return login_.isLocked(); }
     std::int64_t interfaceOrientation() const { return orientation_; }
     bool isDisplayOn() const { return displayOn_; }
+    /// Whether anything of the product's may be on the screen now.
+    bool mayBeSeen() const { return displayOn_ && !isLocked(); }
     homescreen::SpringBoard& springBoard() { return *springBoard_; }
 
     void finishLaunching() override;
@@ -61,10 +66,13 @@ public:
     std::shared_ptr<const toolkit::Image> captureScreen() override { return configuration_.capture(); }
 
 private:
-    void lockHasChanged();
+    void loginHasChanged();
     void followOutput();
-    void setScreen(toolkit::Size size, double scale);
-    void setDisplayOn(bool on);
+    void followPower();
+    void layOut();
+    void setScreen(toolkit::Size size);
+    bool isOutputOn() const;
+    void tellWhetherSeen();
     std::shared_ptr<homescreen::SBApplication> applicationInFront(const std::string& window) const;
 
     Configuration configuration_;
@@ -74,9 +82,12 @@ private:
     std::shared_ptr<toolkit::UIWindow> keyWindow_; // empty; gestures are read in its coordinates
     std::shared_ptr<homescreen::SBApplication> front_;
     const Output* output_ = nullptr;
+    double scale_ = 1;
     std::int64_t orientation_ = 1;
-    bool displayOn_ = true;
-    SessionLock lock_;
+    bool displayOn_ = false;
+    bool locked_ = false; // as last told
+    bool seen_ = false;   // mayBeSeen() as it was told last
+    LoginSession login_;
     OnScreenKeyboard keyboard_;
     OrientationSensor sensor_;
 };

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <utility>
 
 namespace session {
 
@@ -32,9 +33,10 @@ RunningSession::RunningSession(const Options& options, foundation::GlibRunLoop& 
       startTime_(loop.now()),
       homeScreen_(sessionBus_, systemBus_,
                   {options.model, "9.3", [this] { return screen_ ? screen_->capture() : nullptr; },
+                   [this](bool turning) { screenIsResizing(turning); },
                    [this] {
                        if (screen_)
-                           screen_->setWithheld(homeScreen_.isLocked());
+                           screen_->setWithheld(!homeScreen_.mayBeSeen());
                    },
                    [this](const std::string& application) { return music_.port().playerName(application); }}),
       panels_(homeScreen_.springBoard(), {[this] { return mayShowPanels(); }, [this] { shownHasChanged(); }}),
@@ -55,23 +57,28 @@ RunningSession::RunningSession(const Options& options, foundation::GlibRunLoop& 
 void RunningSession::connect() {
     connection_ = std::make_unique<Connection>();
     connection_->serve([this] { loop_.endTurn(); }, [this] { connectionLost(); });
-    Globals& globals = connection_->globals();
-    if (auto toplevels = globals.bindToplevels())
-        toplevels_ = std::make_unique<Toplevels>(std::move(toplevels),
-                                                 [this] { homeScreen_.setFront(toplevels_->front()); });
-    else
-        foundation::log(
-            "vela-session: no foreign-toplevel management: no application is known to be in front");
-    screen_ = std::make_unique<SessionScreen>(*connection_,
-                                              SessionScreen::Callbacks{[this](bool taken) {
-                                                                           if (toplevels_)
-                                                                               toplevels_->setHeld(taken);
-                                                                       },
-                                                                       [this] { panels_.dismiss(); }});
-    screen_->setWithheld(homeScreen_.isLocked());
-    globals.setOutputsChanged([this] { chooseOutput(); });
+    missing_.report(connection_->globals());
+    watchToplevels();
+    putUpScreen();
+    connection_->globals().setOutputsChanged([this] { chooseOutput(); });
     connection_->roundtrip(); // which tells of the windows
     chooseOutput();
+}
+
+void RunningSession::watchToplevels() {
+    if (auto toplevels = connection_->globals().bindToplevels())
+        toplevels_ = std::make_unique<Toplevels>(std::move(toplevels),
+                                                 [this] { homeScreen_.setFront(toplevels_->front()); });
+}
+
+void RunningSession::putUpScreen() {
+    const auto keyboardTaken = [this](bool taken) {
+        if (toplevels_)
+            toplevels_->setHeld(taken);
+    };
+    screen_ = std::make_unique<SessionScreen>(
+        *connection_, SessionScreen::Callbacks{keyboardTaken, [this] { panels_.dismiss(); }});
+    screen_->setWithheld(!homeScreen_.mayBeSeen());
 }
 
 const Output* RunningSession::wantedOutput() const {
@@ -89,41 +96,57 @@ const Output* RunningSession::wantedOutput() const {
 
 void RunningSession::chooseOutput() {
     const Output* output = wantedOutput();
-    homeScreen_.setOutput(output);
-    if (screen_)
-        screen_->setOutput(output);
+    const bool scales = connection_->globals().viewporter != nullptr;
+    const double scale = !output ? 1 : scales ? output->scale() : output->wholeScale();
+    // First from the screen, which may lie on an output that has gone.
+    screen_->setOutput(output);
+    homeScreen_.setOutput(output, scale);
 }
 
 void RunningSession::connectionLost() {
-    foundation::log("vela-session: the compositor is gone; waiting for it");
+    foundation::log("vela-session: the compositor is gone");
     // Later: the connection itself is calling.
     loop_.performOnMain([this] {
-        homeScreen_.setOutput(nullptr);
+        homeScreen_.setOutput(nullptr, 1);
         homeScreen_.setFront("");
-        screen_.reset();
-        toplevels_.reset();
-        connection_.reset();
+        disconnect();
         reconnect();
     });
+}
+
+void RunningSession::disconnect() {
+    screen_.reset();
+    toplevels_.reset();
+    connection_.reset();
 }
 
 void RunningSession::reconnect() {
     try {
         connect();
         retry_.reset();
+        waitingBecause_.clear();
         foundation::log("vela-session: the compositor is back");
-    } catch (const ConnectionError&) {
-        screen_.reset();
-        toplevels_.reset();
-        connection_.reset();
+    } catch (const ConnectionError& error) {
+        disconnect();
+        if (std::exchange(waitingBecause_, error.what()) != error.what())
+            foundation::log("vela-session: waiting for a compositor: " + waitingBecause_);
         retry_ = loop_.scheduleTimer(retryInterval, false, [this] { reconnect(); });
     }
 }
 
 // ---- What there is to see
 
+/// Fingers lose their coordinates. The product lays everything out anew, which leaves no panel on the screen;
+/// it does not expect that of a screen that has not turned, and whoever is on the panel is to hear of it.
+void RunningSession::screenIsResizing(bool turning) {
+    if (screen_)
+        screen_->fingersCancelled();
+    if (!turning)
+        panels_.dismiss();
+}
+
 bool RunningSession::mayShowPanels() const {
-    return screen_ && screen_->output() && homeScreen_.isDisplayOn() && !homeScreen_.isLocked();
+    return screen_ && screen_->output() && homeScreen_.mayBeSeen();
 }
 
 void RunningSession::shownHasChanged() {

@@ -12,6 +12,7 @@
 #include "hosts/session/media/SessionMusic.h"
 #include "hosts/session/program/Options.h"
 #include "hosts/session/surfaces/SessionScreen.h"
+#include "hosts/session/wayland/MissingProtocols.h"
 #include "hosts/session/wayland/Toplevels.h"
 #include "platform/foundation/GlibRunLoop.h"
 
@@ -24,10 +25,14 @@ public:
 
 private:
     void connect();
+    void watchToplevels();
+    void putUpScreen();
     void reconnect();
+    void disconnect();
     void chooseOutput();
     const Output* wantedOutput() const;
     void connectionLost();
+    void screenIsResizing(bool turning);
     bool mayShowPanels() const;
     void shownHasChanged();
     std::string describeState() const;
@@ -38,6 +43,8 @@ private:
     script::NotificationRecorder notifications_;
     Bus sessionBus_{Bus::Kind::Session};
     Bus systemBus_{Bus::Kind::System};
+    MissingProtocols missing_;
+    std::string waitingBecause_; // no compositor can be used, as the log was told last
     std::unique_ptr<Connection> connection_;
     std::unique_ptr<Toplevels> toplevels_;
     std::unique_ptr<SessionScreen> screen_;

@@ -12,27 +12,21 @@ using toolkit::Image;
 
 namespace {
 
-int smallSide(double points) {
-    return std::max(1, static_cast<int>(std::lround(points * Glass::pixelsPerPoint)));
-}
-
 std::shared_ptr<const Image> greyScene(int width, int height) {
-    return std::make_shared<const Image>(
-        width, height, width * 4,
-        [&] {
-            std::vector<std::uint8_t> pixels(
-                static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4, 0x80);
-            for (std::size_t i = 3; i < pixels.size(); i += 4)
-                pixels[i] = 0xFF;
-            return pixels;
-        }(),
-        Glass::pixelsPerPoint);
+    std::vector<std::uint8_t> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4,
+                                     0x80);
+    for (std::size_t i = 3; i < pixels.size(); i += 4)
+        pixels[i] = 0xFF;
+    return std::make_shared<const Image>(width, height, width * 4, std::move(pixels), 1);
 }
 
 } // namespace
 
 void Glass::setScene(const std::shared_ptr<const Image>& scene, toolkit::Size size) {
-    const int width = smallSide(size.width), height = smallSide(size.height);
+    const auto pixels = [this](double points) {
+        return std::max(1, static_cast<int>(std::lround(points * pixelsPerPoint_)));
+    };
+    const int width = pixels(size.width), height = pixels(size.height);
     scene_ = scene ? scene->reducedTo(width, height) : greyScene(width, height);
     pictures_.clear();
 }
@@ -56,7 +50,7 @@ ShmBuffer* Glass::picture(toolkit::BackdropStyle style) {
     std::vector<std::uint8_t> pixels(scene_->pixels().begin(), scene_->pixels().end());
     const toolkit::PixelView source{
         pixels.data(), scene_->pixelWidth(), scene_->pixelHeight(), scene_->bytesPerRow(), 0, 0};
-    const toolkit::Backdrop backdrop(std::span(&source, 1), source.rect(), pixelsPerPoint, style);
+    const toolkit::Backdrop backdrop(std::span(&source, 1), source.rect(), pixelsPerPoint_, style);
     backdrop.draw(kept->view(), source.rect(), source.rect(), 0);
     return kept.get();
 }

@@ -15,10 +15,11 @@ namespace session {
 
 class Glass {
 public:
-    /// Pixels of the small picture a point of the screen.
-    static constexpr double pixelsPerPoint = 0.5;
+    /// A compositor that scales pictures is given a small one; any other one takes a pixel each point.
+    Glass(wl_shm& shm, bool scaled) : shm_(shm), pixelsPerPoint_(scaled ? 0.5 : 1) {}
 
-    explicit Glass(wl_shm& shm) : shm_(shm) {}
+    /// Pixels of the picture a point of the screen.
+    double pixelsPerPoint() const { return pixelsPerPoint_; }
 
     /// What lies beneath, the whole screen of `size` points; null where it cannot be told, for glass over
     /// plain grey.
@@ -31,6 +32,7 @@ public:
 
 private:
     wl_shm& shm_;
+    double pixelsPerPoint_;
     std::shared_ptr<const toolkit::Image> scene_;
     std::map<toolkit::BackdropStyle, std::unique_ptr<ShmBuffer>> pictures_;
 };

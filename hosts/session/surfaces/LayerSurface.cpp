@@ -24,7 +24,8 @@ LayerSurface::LayerSurface(Globals& globals, SolidPixels& pixels, const Output& 
       layer_(zwlr_layer_shell_v1_get_layer_surface(globals.layerShell.get(), surface_.get(), output.object(),
                                                    ZWLR_LAYER_SHELL_V1_LAYER_OVERLAY, scope)),
       readyCallback_(std::move(ready)),
-      closed_(std::move(closed)) {
+      closed_(std::move(closed)),
+      plain_(*globals.shm) {
     if (globals.viewporter)
         viewport_.reset(wp_viewporter_get_viewport(globals.viewporter.get(), surface_.get()));
     zwlr_layer_surface_v1_add_listener(layer_.get(), &Listener::layer, this);
@@ -58,17 +59,18 @@ void LayerSurface::setKeyboardUse(KeyboardUse use) {
     zwlr_layer_surface_v1_set_keyboard_interactivity(layer_.get(), use == KeyboardUse::Exclusive ? 1 : 0);
 }
 
-/// One clear pixel, scaled over all of it.
+/// One clear pixel, scaled over all of it; as many as it has points where nothing can be scaled.
 void LayerSurface::attachNothing() {
-    wl_buffer* buffer = nullptr;
     if (viewport_) {
-        buffer = pixels_.buffer(0);
+        wl_surface_attach(surface_.get(), pixels_.buffer(0), 0, 0);
         wp_viewport_set_destination(viewport_.get(), frame_.width, frame_.height);
     } else {
-        filled_ = std::make_unique<ShmBuffer>(*globals_.shm, frame_.width, frame_.height);
-        buffer = filled_->object();
+        ShmBuffer* buffer = plain_.filled(0, frame_.width, frame_.height);
+        if (!buffer)
+            return;
+        wl_surface_attach(surface_.get(), buffer->object(), 0, 0);
+        buffer->setBusy();
     }
-    wl_surface_attach(surface_.get(), buffer, 0, 0);
     wl_surface_damage_buffer(surface_.get(), 0, 0, frame_.width, frame_.height);
     attached_ = true;
 }

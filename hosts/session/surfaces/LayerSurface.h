@@ -45,7 +45,7 @@ private:
     Proxy<zwlr_layer_surface_v1> layer_;
     std::function<void()> readyCallback_;
     std::function<void()> closed_;
-    std::unique_ptr<ShmBuffer> filled_; // without a viewporter
+    PlainBuffers plain_; // without a viewporter
     PointRect frame_;
     bool ready_ = false;
     bool attached_ = false;

@@ -1,7 +1,6 @@
 #include "hosts/session/surfaces/SessionScreen.h"
 
 #include "hosts/session/surfaces/ScreenCapture.h"
-#include "platform/foundation/Log.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/toolkit/gestures/TouchDispatcher.h"
 #include "platform/toolkit/views/TextInput.h"
@@ -41,10 +40,9 @@ SessionScreen::SessionScreen(Connection& connection, Callbacks callbacks)
     : connection_(connection),
       callbacks_(std::move(callbacks)),
       pixels_(connection.globals()),
-      glass_(*connection.globals().shm) {
+      glass_(*connection.globals().shm, connection.globals().viewporter != nullptr) {
     takeSeat();
     connection.globals().setSeatOffered([this] { takeSeat(); });
-    reportMissingProtocols();
     commitHook_ =
         foundation::RunLoop::main().addTurnHook(foundation::TurnPhase::Commit, [this] { present(); });
 }
@@ -58,20 +56,6 @@ SessionScreen::~SessionScreen() {
 void SessionScreen::takeSeat() {
     if (auto seat = connection_.globals().bindSeat())
         seat_ = std::make_unique<Seat>(std::move(seat), *this);
-}
-
-void SessionScreen::reportMissingProtocols() const {
-    const Globals& globals = connection_.globals();
-    const auto report = [](bool there, const char* line) {
-        if (!there)
-            foundation::log(std::string("vela-session: ") + line);
-    };
-    report(globals.viewporter != nullptr, "no viewporter: colours and pictures are drawn in full size");
-    report(globals.singlePixelBuffers != nullptr,
-           "no single-pixel buffers: colours are kept in shared memory");
-    report(globals.screencopy != nullptr,
-           "no screen copies: glass is plain, and its automatic style is light");
-    report(globals.xdgOutputs != nullptr, "no xdg-output: scales between whole numbers are not seen");
 }
 
 // ---- Output

@@ -62,7 +62,6 @@ private:
     void takeDownStrips();
     void useKeyboard(const Windows& windows);
     void takeSeat();
-    void reportMissingProtocols() const;
     std::optional<toolkit::Point> originOf(wl_surface* surface) const;
     void cancelFingersOn(wl_surface* surface);
     double timeOf(std::uint32_t milliseconds, bool isFirst);

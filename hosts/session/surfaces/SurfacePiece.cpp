@@ -4,15 +4,15 @@
 
 #include <algorithm>
 #include <limits>
-#include <new>
+#include <utility>
 
 namespace session {
 
 SurfacePiece::SurfacePiece(Globals& globals, SolidPixels& pixels, wl_surface& stage)
-    : globals_(globals),
-      pixels_(pixels),
+    : pixels_(pixels),
       surface_(wl_compositor_create_surface(globals.compositor.get())),
-      subsurface_(wl_subcompositor_get_subsurface(globals.subcompositor.get(), surface_.get(), &stage)) {
+      subsurface_(wl_subcompositor_get_subsurface(globals.subcompositor.get(), surface_.get(), &stage)),
+      plain_(*globals.shm) {
     if (globals.viewporter)
         viewport_.reset(wp_viewporter_get_viewport(globals.viewporter.get(), surface_.get()));
     // Fingers go to the stage, whose coordinates stand still.
@@ -29,36 +29,39 @@ void SurfacePiece::placeAbove(wl_surface& other) {
 void SurfacePiece::showPixel(std::uint32_t pixel, const PointRect& where) {
     if (where.isEmpty())
         return hide();
-    wl_buffer* buffer = viewport_ ? pixels_.buffer(pixel) : filledBuffer(pixel, where);
-    if (buffer != attached_)
+    if (!viewport_)
+        fill(pixel, where);
+    else if (wl_buffer* buffer = pixels_.buffer(pixel); buffer != attached_)
         attach(buffer);
     place(where, std::nullopt);
     commit();
 }
 
-wl_buffer* SurfacePiece::filledBuffer(std::uint32_t pixel, const PointRect& place) {
-    try {
-        filled_ = std::make_unique<ShmBuffer>(*globals_.shm, place.width, place.height);
-    } catch (const std::bad_alloc&) {
-        filled_.reset();
-        return nullptr;
-    }
-    const auto view = filled_->view();
-    for (int y = 0; y < view.height; ++y)
-        std::fill_n(reinterpret_cast<std::uint32_t*>(view.at(0, y)), view.width, pixel);
-    return filled_->object();
+void SurfacePiece::fill(std::uint32_t pixel, const PointRect& where) {
+    if (filledWith_ == pixel && place_->width == where.width && place_->height == where.height)
+        return;
+    attach(plain_.filled(pixel, where.width, where.height), 1);
+    filledWith_ = pixel;
 }
 
 void SurfacePiece::showPicture(ShmBuffer& buffer, const toolkit::Rect& source, const PointRect& where,
                                bool changed) {
     if (where.isEmpty())
         return hide();
-    if (changed || buffer.object() != attached_) {
-        attach(buffer.object());
-        buffer.setBusy();
-    }
+    const toolkit::PixelRect whole = buffer.view().rect();
+    if (!viewport_ && source != whole.rect())
+        copyPart(buffer, source);
+    else if (changed || buffer.object() != attached_)
+        attach(&buffer, viewport_ ? 1 : std::max(1, whole.width / where.width));
     place(where, source);
     commit();
+}
+
+void SurfacePiece::copyPart(const ShmBuffer& buffer, const toolkit::Rect& source) {
+    if (copiedFrom_ == &buffer && source_ == source)
+        return;
+    attach(plain_.part(buffer.view(), toolkit::PixelRect::around(source)), 1);
+    copiedFrom_ = &buffer;
 }
 
 /// One clear pixel: some compositors (phoc 0.24) do not survive it when a subsurface of a layer's goes while
@@ -80,18 +83,25 @@ void SurfacePiece::place(const PointRect& place, const std::optional<toolkit::Re
         const auto s = source.value_or(toolkit::Rect(-1, -1, -1, -1)); // which takes the source away
         wp_viewport_set_source(viewport_.get(), fixed(s.x), fixed(s.y), fixed(s.width), fixed(s.height));
         changed_ = true;
-    } else if (!viewport_ && source && source != source_) {
-        wl_surface_set_buffer_scale(surface_.get(),
-                                    std::max(1, static_cast<int>(source->width) / place.width));
-        changed_ = true;
     }
     source_ = source;
     place_ = place;
 }
 
+/// `scale` is the buffer's pixels each point; `buffer` may be null.
+void SurfacePiece::attach(ShmBuffer* buffer, int scale) {
+    if (std::exchange(scale_, scale) != scale)
+        wl_surface_set_buffer_scale(surface_.get(), scale);
+    attach(buffer ? buffer->object() : nullptr);
+    if (buffer)
+        buffer->setBusy();
+}
+
 void SurfacePiece::attach(wl_buffer* buffer) {
     wl_surface_attach(surface_.get(), buffer, 0, 0);
     attached_ = buffer;
+    filledWith_.reset();
+    copiedFrom_ = nullptr;
     changed_ = true;
 }
 

@@ -54,7 +54,8 @@ void WindowPieces::showGlass(const TreePicture::Look& look, const PointRect& see
     if (!picture)
         return glass_.hide();
     const Rect whole = picture->view().rect().rect();
-    glass_.showPicture(*picture, scaled(seen, Glass::pixelsPerPoint).intersection(whole), seen, false);
+    glass_.showPicture(*picture, scaled(seen, glassPictures_.pixelsPerPoint()).intersection(whole), seen,
+                       false);
 }
 
 void WindowPieces::showContent(const TreePicture& window, const PointRect& frame) {

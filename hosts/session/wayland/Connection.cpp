@@ -75,7 +75,9 @@ Connection::Connection() : display_(wl_display_connect(nullptr)) {
     if (!roundtrip() || !roundtrip())
         throw ConnectionError("the compositor has closed the connection");
     if (!globals_->compositor || !globals_->subcompositor || !globals_->shm)
-        throw ConnectionError("the compositor lacks the basic protocols");
+        throw ConnectionError(
+            "the compositor lacks wl_compositor, wl_subcompositor or wl_shm, and nothing can be "
+            "shown without");
     if (!globals_->layerShell)
         throw ConnectionError(
             "the compositor has no layer shell (zwlr_layer_shell_v1), and panels cannot lie "

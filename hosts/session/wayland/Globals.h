@@ -1,7 +1,7 @@
 // What the compositor offers, bound as it is announced.
 //
 // compositor, subcompositor, shm and layerShell are always there once Connection is made; each of the others
-// may be null, which is said once in the log by whoever goes on without it.
+// may be null, and MissingProtocols says so.
 #pragma once
 
 #include "hosts/session/wayland/Output.h"
@@ -36,6 +36,7 @@ public:
     // where there is none.
     Proxy<wl_seat> bindSeat(); // the first one
     Proxy<zwlr_foreign_toplevel_manager_v1> bindToplevels();
+    bool offersToplevels() const { return toplevels_.name != 0; }
 
     /// Called when there is a seat to be bound that was not there before.
     void setSeatOffered(std::function<void()> offered) { seatOffered_ = std::move(offered); }

@@ -50,7 +50,12 @@ struct Output::Listener {
         if (std::exchange(self(data).on_, on) != on)
             self(data).changed_();
     }
-    static void powerFailed(void* data, zwlr_output_power_v1*) { self(data).power_.reset(); }
+    /// Nothing more will be told, so what was told last counts no longer.
+    static void powerFailed(void* data, zwlr_output_power_v1*) {
+        self(data).power_.reset();
+        self(data).on_ = true;
+        self(data).changed_();
+    }
     static constexpr zwlr_output_power_v1_listener power{powerMode, powerFailed};
 };
 

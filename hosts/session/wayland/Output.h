@@ -25,13 +25,13 @@ public:
     /// A screen that belongs to the device itself.
     bool isBuiltIn() const;
     /// Whether everything needed to lay a screen out is known.
-    bool isReady() const { return !logicalSize().isEmpty(); }
+    bool isReady() const { return !logicalSize().isEmpty() && (!xdgOutput_ || !logical_.isEmpty()); }
 
     /// In points, as the output is turned.
     toolkit::Size logicalSize() const;
     /// Pixels a point, also between whole numbers.
     double scale() const;
-    /// A scale that buffers without a viewport can have.
+    /// The scale of buffers that are shown without a viewport: the next whole number from scale() on.
     int wholeScale() const { return wholeScale_; }
     /// The compositor's number for how the output is turned: quarter turns in the lowest two bits, 4 for a
     /// mirror.

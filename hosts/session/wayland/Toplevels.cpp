@@ -66,15 +66,28 @@ Toplevels::~Toplevels() = default;
 
 void Toplevels::setHeld(bool held) {
     held_ = held;
-    update();
+    // The compositor gives the keyboard back in its own time: until it says so, whoever was in front still
+    // is.
+    if (active() || !isThere(front_))
+        update();
+}
+
+const Toplevels::Toplevel* Toplevels::active() const {
+    const auto found =
+        std::ranges::find_if(toplevels_, [](const auto& toplevel) { return toplevel->active; });
+    return found == toplevels_.end() ? nullptr : found->get();
+}
+
+bool Toplevels::isThere(const std::string& application) const {
+    return std::ranges::any_of(toplevels_,
+                               [&](const auto& toplevel) { return toplevel->application == application; });
 }
 
 void Toplevels::update() {
     if (held_)
         return;
-    const auto active =
-        std::ranges::find_if(toplevels_, [](const auto& toplevel) { return toplevel->active; });
-    const std::string front = active == toplevels_.end() ? "" : (*active)->application;
+    const Toplevel* toplevel = active();
+    const std::string front = toplevel ? toplevel->application : "";
     if (std::exchange(front_, front) != front)
         changed_();
 }

@@ -28,6 +28,8 @@ private:
     struct Toplevel;
     struct Listener;
     friend struct Listener;
+    const Toplevel* active() const;
+    bool isThere(const std::string& application) const;
     void update();
 
     Proxy<zwlr_foreign_toplevel_manager_v1> manager_;

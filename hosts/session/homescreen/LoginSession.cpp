@@ -1,4 +1,4 @@
-#include "hosts/session/homescreen/SessionLock.h"
+#include "hosts/session/homescreen/LoginSession.h"
 
 #include <gio/gio.h>
 
@@ -15,7 +15,7 @@ constexpr const char* service = "org.freedesktop.login1";
 
 } // namespace
 
-SessionLock::SessionLock(Bus& system, std::function<void()> changed)
+LoginSession::LoginSession(Bus& system, std::function<void()> changed)
     : bus_(system),
       changed_(std::move(changed)),
       manager_(system, {service, "/org/freedesktop/login1", "org.freedesktop.login1.Manager"}, {[this] {
@@ -23,12 +23,14 @@ SessionLock::SessionLock(Bus& system, std::function<void()> changed)
                        findSession();
                }}) {}
 
-void SessionLock::findSession() {
+void LoginSession::findSession() {
     session_.reset();
     path_.clear();
-    hint_.reset();
+    lockedHint_.reset();
+    // What was locked stays so: nobody is left who could say otherwise. Nor could anybody wake what is idle.
+    take(locked_, false);
     if (!manager_.isThere())
-        return; // what was locked stays so: nobody is left who could say otherwise
+        return;
     const char* identifier = std::getenv("XDG_SESSION_ID");
     const auto found = [this](const std::string& path) { watch(path); };
     if (identifier && *identifier)
@@ -37,29 +39,32 @@ void SessionLock::findSession() {
         manager_.call("GetSessionByPID", g_variant_new("(u)", static_cast<guint32>(getpid())), found);
 }
 
-void SessionLock::watch(const std::string& path) {
+void LoginSession::watch(const std::string& path) {
     if (path.empty() || path == path_)
         return;
     path_ = path;
-    const auto changed = [this] {
-        // The hint counts when it changes: in between, signals have the last word.
-        if (!session_ || !session_->isThere())
-            return;
-        const bool hint = session_->booleanProperty("LockedHint", false);
-        if (std::exchange(hint_, hint) != hint)
-            setLocked(hint);
-    };
     const auto signalled = [this](const std::string& signal) {
         if (signal == "Lock" || signal == "Unlock")
-            setLocked(signal == "Lock");
+            take(signal == "Lock", idle_);
     };
     session_ =
         std::make_unique<BusObject>(bus_, BusObject::Address{service, path, "org.freedesktop.login1.Session"},
-                                    BusObject::Callbacks{changed, signalled});
+                                    BusObject::Callbacks{[this] { readHints(); }, signalled});
 }
 
-void SessionLock::setLocked(bool locked) {
-    if (std::exchange(locked_, locked) != locked)
+void LoginSession::readHints() {
+    if (!session_ || !session_->isThere())
+        return;
+    // The hint counts when it changes: in between, signals have the last word.
+    const bool hint = session_->booleanProperty("LockedHint", false);
+    const bool isNews = std::exchange(lockedHint_, hint) != hint;
+    take(isNews ? hint : locked_, session_->booleanProperty("IdleHint", false));
+}
+
+void LoginSession::take(bool locked, bool idle) {
+    const bool lockChanged = std::exchange(locked_, locked) != locked;
+    const bool idleChanged = std::exchange(idle_, idle) != idle;
+    if (lockChanged || idleChanged)
         changed_();
 }
 
