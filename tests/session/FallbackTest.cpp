@@ -133,12 +133,26 @@ TEST_F(SessionFallback, WithoutOutputPowerTheDisplayCountsAsOn) {
     EXPECT_EQ(timesSaid("no output power"), 1u) << log();
 }
 
-TEST_F(SessionFallback, WithoutXdgOutputTheScreenIsTheOutputsMode) {
+TEST_F(SessionFallback, WithoutXdgOutputTheScreenIsMeasured) {
     startWithout({"zxdg_output_manager_v1"});
     EXPECT_EQ(state()["screen"]["width"], screenWidth);
     EXPECT_EQ(state()["screen"]["scale"], 2);
     expectPanelsComeAndGo();
     EXPECT_EQ(timesSaid("no xdg-output"), 1u) << log();
+}
+
+TEST_F(SessionFallback, WithoutXdgOutputScalesBetweenWholeNumbersAreMeasured) {
+    startWithout({"zxdg_output_manager_v1"}, {750, 1334, "1.25", "normal"});
+    EXPECT_EQ(state()["screen"]["width"], 600);
+    EXPECT_EQ(state()["screen"]["scale"], 1.25);
+    ASSERT_TRUE(compositor().command("output HEADLESS-1 scale 1.5"));
+    EXPECT_TRUE(eventually([&] { return state()["screen"]["width"] == 500; })) << state()["screen"];
+    ASSERT_TRUE(compositor().command("output HEADLESS-1 transform 90"));
+    EXPECT_TRUE(eventually([&] { return state()["screen"]["height"] == 500; })) << state()["screen"];
+    EXPECT_EQ(state()["screen"]["scale"], 1.5);
+    ASSERT_TRUE(request("Show", "right"));
+    EXPECT_TRUE(waitForShown("right"));
+    EXPECT_TRUE(eventually([&] { return pixel(20, 300) == "#14293D" && pixel(1300, 300) != "#336699"; }));
 }
 
 TEST_F(SessionFallback, WithoutAnythingThatMayBeMissingThePanelsComeAndGo) {

@@ -71,8 +71,11 @@ Connection::Connection() : display_(wl_display_connect(nullptr)) {
     if (!display_)
         throw ConnectionError("there is no Wayland compositor to connect to");
     globals_ = std::make_unique<Globals>(display_.get());
-    // The second one brings the descriptions of what the first one announced.
-    if (!roundtrip() || !roundtrip())
+    // The second one brings the descriptions of what the first one announced, the third what some of them
+    // made this side ask for.
+    const bool announced = roundtrip();
+    globals_->beComplete();
+    if (!announced || !roundtrip() || !roundtrip())
         throw ConnectionError("the compositor has closed the connection");
     if (!globals_->compositor || !globals_->subcompositor || !globals_->shm)
         throw ConnectionError(

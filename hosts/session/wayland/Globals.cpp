@@ -94,8 +94,17 @@ void Globals::bindOutput(std::uint32_t name, std::uint32_t version) {
 void Globals::describe(Output& output) {
     if (xdgOutputs && !output.isDescribed())
         output.describeBy(*xdgOutputs);
+    else if (complete_ && compositor && layerShell && !output.isDescribed())
+        output.describeBy(OutputProbe::Means{compositor.get(), layerShell.get()});
     if (outputPower && !output.isPowerWatched())
         output.watchPower(*outputPower);
+}
+
+/// Only now is it known who does not tell of outputs.
+void Globals::beComplete() {
+    complete_ = true;
+    for (const auto& output : outputs_)
+        describe(*output);
 }
 
 void Globals::removed(std::uint32_t name) {

@@ -46,6 +46,8 @@ public:
     /// Called after an output has come, changed or gone.
     void setOutputsChanged(std::function<void()> changed) { outputsChanged_ = std::move(changed); }
 
+    /// To be called when everything that was there from the beginning has been announced.
+    void beComplete();
     /// Called for each global, by the compositor's listener.
     void announced(std::uint32_t name, const std::string& interface, std::uint32_t version);
     void removed(std::uint32_t name);
@@ -61,6 +63,7 @@ private:
     void describe(Output& output);
 
     Proxy<wl_registry> registry_;
+    bool complete_ = false;
     std::vector<std::unique_ptr<Output>> outputs_;
     std::function<void()> outputsChanged_;
     std::function<void()> seatOffered_;

@@ -19,7 +19,7 @@ void MissingProtocols::report(const Globals& globals) {
     if (!globals.offersToplevels())
         say("no foreign-toplevel management: no application is known to be in front");
     if (!globals.xdgOutputs)
-        say("no xdg-output: scales between whole numbers are not seen");
+        say("no xdg-output: an empty surface finds out how many points the screen has");
     if (!globals.outputPower)
         say("no output power management: the display is taken to be on unless the login manager calls the "
             "session idle");

@@ -26,7 +26,10 @@ struct Output::Listener {
         if (flags & WL_OUTPUT_MODE_CURRENT)
             self(data).mode_ = {static_cast<double>(width), static_cast<double>(height)};
     }
-    static void done(void* data, wl_output*) { self(data).changed_(); }
+    static void done(void* data, wl_output*) {
+        self(data).probe();
+        self(data).changed_();
+    }
     static void scale(void* data, wl_output*, int factor) {
         self(data).wholeScale_ = factor > 0 ? factor : 1;
     }
@@ -69,6 +72,22 @@ Output::~Output() = default;
 void Output::describeBy(zxdg_output_manager_v1& manager) {
     xdgOutput_.reset(zxdg_output_manager_v1_get_xdg_output(&manager, output_.get()));
     zxdg_output_v1_add_listener(xdgOutput_.get(), &Listener::xdgOutput, this);
+}
+
+void Output::describeBy(const OutputProbe::Means& means) {
+    probeMeans_ = means;
+    probe();
+}
+
+/// Until the answer comes, the size stays what it was.
+void Output::probe() {
+    if (!probeMeans_)
+        return;
+    probe_ = std::make_unique<OutputProbe>(*probeMeans_, *output_, [this](toolkit::Size size) {
+        probe_.reset();
+        logical_ = size;
+        changed_();
+    });
 }
 
 void Output::watchPower(zwlr_output_power_manager_v1& manager) {

@@ -1,11 +1,14 @@
 // One of the compositor's outputs: where it lies, how large, turned and scaled it is, and whether it is on.
 #pragma once
 
+#include "hosts/session/wayland/OutputProbe.h"
 #include "hosts/session/wayland/Proxy.h"
 #include "platform/toolkit/geometry/Geometry.h"
 
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 
 namespace session {
@@ -25,7 +28,10 @@ public:
     /// A screen that belongs to the device itself.
     bool isBuiltIn() const;
     /// Whether everything needed to lay a screen out is known.
-    bool isReady() const { return !logicalSize().isEmpty() && (!xdgOutput_ || !logical_.isEmpty()); }
+    bool isReady() const {
+        const bool isAsked = xdgOutput_ || probe_;
+        return !logicalSize().isEmpty() && (!isAsked || !logical_.isEmpty());
+    }
 
     /// In points, as the output is turned.
     toolkit::Size logicalSize() const;
@@ -38,18 +44,24 @@ public:
     int transform() const { return transform_; }
     bool isOn() const { return on_; }
 
-    bool isDescribed() const { return xdgOutput_ != nullptr; }
+    /// Whether somebody is asked for the size in points.
+    bool isDescribed() const { return xdgOutput_ || probeMeans_; }
     void describeBy(zxdg_output_manager_v1& manager);
+    /// The means outlive this object.
+    void describeBy(const OutputProbe::Means& means);
     bool isPowerWatched() const { return power_ != nullptr; }
     void watchPower(zwlr_output_power_manager_v1& manager);
 
 private:
     struct Listener;
     friend struct Listener;
+    void probe();
     bool isTurnedSideways() const { return transform_ % 2 == 1; }
 
     Proxy<wl_output> output_;
     Proxy<zxdg_output_v1> xdgOutput_;
+    std::optional<OutputProbe::Means> probeMeans_;
+    std::unique_ptr<OutputProbe> probe_; // until it has answered
     Proxy<zwlr_output_power_v1> power_;
     std::uint32_t globalName_;
     std::function<void()> changed_;
