@@ -70,6 +70,18 @@ struct Tile : tests::BoardFixture {
         touchMove(middle.x, middle.y + 20, 1.0 / 60); // the drag is measured from here
         touchMove(middle.x, middle.y + 20 + way * progress, 0.2);
     }
+    /// Veil, icon and hosted plug-in as they lie in a tile of this size.
+    void expectContentsFor(std::size_t index, Size size) {
+        const auto& one = tile(index);
+        EXPECT_EQ(one.grayView()->frame(), Rect(0, 0, size.width, size.height));
+        EXPECT_EQ(one.icon()->frame(), vela::velaIconView::frameInTile(size));
+        if (const auto& hosting = one.hostingView()) {
+            const double scale = size.width / 300;
+            EXPECT_EQ(hosting->transform(),
+                      scale == 1 ? AffineTransform() : AffineTransform::scale(scale, scale));
+            EXPECT_EQ(hosting->center(), (Point{size.width / 2, size.height / 2}));
+        }
+    }
     std::shared_ptr<vela::velaBoard> board;
 };
 
@@ -99,6 +111,8 @@ TEST_F(Tile, OpensAtOnceWhenItsTopIsInSight) {
         EXPECT_EQ(tile(i).grayView()->alpha(), 0);
         EXPECT_EQ(tile(i).icon()->alpha(), 0);
     }
+    for (int i = 0; i < 3; ++i)
+        expectContentsFor(i, {300, 500});
     EXPECT_EQ(tile(0).originalFrame(), Rect(82.5, 50, 135, 225));
     EXPECT_EQ(tile(0).hostingView()->alpha(), 1);
     wait(0.79);
@@ -266,10 +280,28 @@ TEST_F(Tile, ADragReleasedAtExactlyHalfReopens) {
     EXPECT_EQ(calls(),
               (std::vector<std::string>{"a appBecomeActive", "a appBecomeActive", "a appBecomeActive"}));
     EXPECT_EQ(tile(0).frame(), tile(0).trasformedFrame());
+    for (int i = 0; i < 3; ++i) {
+        expectContentsFor(i, {300, 500});
+        EXPECT_EQ(tile(i).grayView()->alpha(), 0);
+        EXPECT_EQ(tile(i).icon()->alpha(), 0);
+    }
     wait(1);
     EXPECT_TRUE(tile(0).isOpen());
     EXPECT_EQ(tile(0).hostingView()->alpha(), 1);
     EXPECT_FALSE(board->isScrollEnabled());
+}
+
+TEST_F(Tile, EachDragStartsAtTheOpenPosition) {
+    makeBoard("ab", "a");
+    open(0);
+    dragTitle(0, 0.5);
+    touchUp();
+    wait(1);
+    touchDown(150, 40);
+    touchMove(150, 70, 1.0 / 60); // has only begun
+    EXPECT_EQ(tile(0).frame(), tile(0).trasformedFrame());
+    EXPECT_EQ(tile(0).grayView()->alpha(), 0);
+    touchUp();
 }
 
 TEST_F(Tile, OnlyThePlugInThatWasDraggedComesBack) {
@@ -297,8 +329,11 @@ TEST_F(Tile, ADragReleasedBeyondHalfCloses) {
     touchUp();
     EXPECT_EQ(calls(), (std::vector<std::string>{"a appDidEnterBackground", "a appDidEnterBackground",
                                                  "a appDidEnterBackground"}));
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         EXPECT_TRUE(tile(i).isAnimating());
+        expectContentsFor(i, {135, 225});
+        EXPECT_EQ(tile(i).icon()->alpha(), 1);
+    }
     wait(1);
     for (int i = 0; i < 3; ++i) {
         EXPECT_FALSE(tile(i).isOpen());

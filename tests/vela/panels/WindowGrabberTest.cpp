@@ -519,9 +519,13 @@ TEST_F(WindowGrabber, ChevronsOfTheAlternativeStyleRideOnThePanelsEdge) {
     const Rect chevron = right.frame();
     EXPECT_NEAR(chevron.maxX(), rightX(), 1e-9);
     EXPECT_NEAR(chevron.center().y, 333.5, 1e-9);
+    touchMove(60, 300, 0.1);
     touchUp();
+    EXPECT_NEAR(right.frame().maxX(), 75, 1e-9);
     wait(0.5);
     tap(10, 10);
+    EXPECT_NEAR(right.frame().maxX(), 375, 1e-9);
+    EXPECT_NEAR(right.frame().center().y, 333.5, 1e-9);
     wait(0.5);
     touchDown(5, 300);
     touchMove(100, 300, 0.1);
