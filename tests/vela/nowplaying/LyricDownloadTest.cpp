@@ -257,6 +257,15 @@ TEST_F(LyricDownload, TakesTheLyricOfALibrarySongItself) {
     EXPECT_TRUE(targets().empty());
 }
 
+TEST_F(LyricDownload, TakesAnEmptyLyricOfALibrarySongForItsOwnToo) {
+    servePage("");
+    store.addLyric("text", "Song", "Band");
+    EXPECT_EQ(get(song({{"title", "Song"}, {"artist", "Band"}, {"lyrics", ""}})),
+              (Ends{{LyricResult::TextPresent, ""}}));
+    EXPECT_EQ(stored(), "");
+    EXPECT_TRUE(targets().empty());
+}
+
 TEST_F(LyricDownload, FindsALibrarySongInTheStore) {
     servePage("");
     store.addLyric("text", "Song", "Band");

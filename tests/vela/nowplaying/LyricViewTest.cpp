@@ -114,6 +114,8 @@ TEST_F(LyricView, EveryOtherResultIsAWordThatDoesNotScroll) {
                  {"Lyric", 3, "Lyric"}};
     for (const auto& [text, code, shown] : cases) {
         show(lines(30), 3);
+        EXPECT_EQ(lyric->font(), Font::system(16)) << "after another word too";
+        EXPECT_TRUE(lyric->isScrollEnabled());
         show(text, code);
         EXPECT_EQ(lyric->text(), shown) << code;
         EXPECT_EQ(lyric->font(), Font::system(20)) << code;

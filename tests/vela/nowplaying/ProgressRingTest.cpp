@@ -331,7 +331,9 @@ TEST_F(ProgressRing, OtherNumbersAndTheSameActionDoNothing) {
     EXPECT_EQ(ring->currentAction(), 0);
     ring->performAction(1, true);
     loop.advance(0.15);
-    ring->performAction(1, true);
+    for (const int action : {1, 3, -1})
+        ring->performAction(action, true);
+    EXPECT_EQ(ring->currentAction(), 1);
     EXPECT_NEAR(iconOpacity(), 0.5, 1e-9);
 }
 

@@ -257,6 +257,14 @@ TEST_F(Sharing, ATapOnTheSongThatPlaysSharesIt) {
     EXPECT_TRUE(panel().isHidden());
 }
 
+TEST_F(Sharing, TheSongThatPlaysNeedNotBeTheFirst) {
+    strip().setOffsetToMusicIndex(2);
+    select(0);
+    EXPECT_THAT(transcript.take(), ElementsAre("queue of 1", "now playing 1", "prepare", "play"));
+    select(2);
+    EXPECT_EQ(sheet().initialText(), "Listening to Three by Band with #Vela3");
+}
+
 TEST_F(Sharing, ItTakesBothPanelsForClosedAtOnce) {
     vela::moduleState().leftGrabber->setShowed(true);
     vela::moduleState().rightGrabber->setShowed(true);

@@ -170,10 +170,13 @@ TEST_F(Tracking, ACoverThatArrivesIsShown) {
     controller->playbackStateDidChange(true);
     controller->infoDidChange(info("Song", "Band"));
     EXPECT_FALSE(hasCover(strip().array()[0])) << "not before the main queue's next turn";
+    const auto shown = [this] {
+        return dynamic_cast<vela::songCollectionViewCell&>(*strip().cellForItem({0, 0})).artwork()->image();
+    };
+    strip().layoutIfNeeded();
+    EXPECT_EQ(shown(), nullptr);
     wait(0.1);
-    const auto cell = std::dynamic_pointer_cast<vela::songCollectionViewCell>(strip().cellForItem({0, 0}));
-    ASSERT_NE(cell, nullptr);
-    EXPECT_NE(cell->artwork()->image(), nullptr);
+    EXPECT_NE(shown(), nullptr);
 }
 
 TEST_F(Tracking, ARadioStreamWithoutWordsClearsThePanel) {

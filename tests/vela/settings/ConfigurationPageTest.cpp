@@ -93,6 +93,19 @@ TEST_F(ConfigurationPage, SwitchesAreRed) {
     }
 }
 
+TEST_F(ConfigurationPage, LayoutRecordsThePagesSizeAndMakesItsPreviewsAnew) {
+    makePreviews();
+    const auto before = previews();
+    navigation->setContentSize({667, 375});
+    EXPECT_EQ(vela::pageState().width, 667);
+    EXPECT_EQ(vela::pageState().height, 375);
+    makePreviews();
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        EXPECT_NE(previews()[i], before[i]) << i;
+        EXPECT_DOUBLE_EQ(previews()[i]->back()->frame().center().x, 667 * 0.5) << i;
+    }
+}
+
 TEST_F(ConfigurationPage, TheProductsSwitchAnimatesTheRootPagesHeader) {
     const auto root = page("VelaSettingsController");
     const auto header = root->headerCellForGroup(root->specifiers().front());

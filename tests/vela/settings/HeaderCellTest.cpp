@@ -156,7 +156,8 @@ TEST_F(HeaderCell, LiesDownAndThenMovesEveryBarWhileTheProductIsOff) {
     EXPECT_THAT(heights(), Each(4));
     wait(0.31);
     EXPECT_THAT(heights(), Each(AllOf(Ge(3), Le(9))));
-    EXPECT_THAT(heights(), testing::Contains(testing::Ne(4)));
+    for (const double height : {3, 9})
+        EXPECT_THAT(heights(), testing::Contains(height));
     expectCentred();
 }
 
