@@ -296,6 +296,12 @@ TEST_F(Sharing, WithoutTheServiceNothingHappens) {
     EXPECT_EQ(host->homePresses, 0);
 }
 
+TEST_F(Sharing, TheLibrarysTitleComesBeforeTheOneCarried) {
+    vela::mediaitem::setSongTitle(*strip().array()[0], "Carried");
+    select(0);
+    EXPECT_EQ(sheet().initialText(), "Listening to One by Band with #Vela3");
+}
+
 TEST_F(Sharing, ASongOutsideTheLibraryIsSharedWithoutItsArtist) {
     const auto song = std::make_shared<MPMediaItem>();
     vela::mediaitem::setSongTitle(*song, "On air");
