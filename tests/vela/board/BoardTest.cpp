@@ -20,6 +20,10 @@ TEST_F(Board, WithoutPlugInsSaysSo) {
     EXPECT_EQ(board.noApps()->numberOfLines(), 0);
     EXPECT_EQ(board.noApps()->frame(), Rect(0, 0, 300, 500));
     EXPECT_EQ(board.contentSize(), (toolkit::Size{0, 50}));
+    EXPECT_TRUE(board.backgroundColor()->isClear());
+    EXPECT_TRUE(board.isScrollEnabled());
+    EXPECT_FALSE(board.showsHorizontalScrollIndicator());
+    EXPECT_FALSE(board.showsVerticalScrollIndicator());
 }
 
 TEST_F(Board, AMissingFolderIsAnEmptyBoard) {

@@ -498,6 +498,19 @@ TEST_F(WindowGrabber, TheLeftPanelAnnouncesItselfWhenItsAnimationsStart) {
     EXPECT_EQ(posted.size(), count);
 }
 
+TEST_F(WindowGrabber, ItIsAnnouncedBeforeThePanelMoves) {
+    std::vector<double> positions;
+    const auto listener = foundation::NotificationCenter::defaultCenter().addObserver(
+        vela::leftWindowGrabber::notificationName,
+        [&](const foundation::Notification&) { positions.push_back(leftX()); });
+    state.leftGrabber->showControllerWithDuration(0.1f, 0);
+    wait(0.5);
+    state.leftGrabber->dismissControllerWithTap();
+    wait(0.5);
+    state.leftGrabber->dismissControllerWithDuration(0.1f, -200);
+    EXPECT_EQ(positions, (std::vector<double>{-300, 0, -300}));
+}
+
 TEST_F(WindowGrabber, TheBoardLooksForPlugInsAtEveryPull) {
     const auto before = state.left->board()->retried();
     touchDown(5, 300);

@@ -200,6 +200,15 @@ TEST_F(AvailabilityCycle, AStripOfAnotherHeightIsLaidOutAgain) {
     EXPECT_EQ(state.rightGrabber->frame(), Rect(360, 0, 15, 667));
 }
 
+TEST_F(AvailabilityCycle, AStripsHeightIsMeasuredByTheStatusBarsOrientation) {
+    host->statusBar = 3; // across the screen, as an upright device sees it
+    for (int i = 0; i < 2; ++i) {
+        state.rightGrabber->setFrame({100, 0, 15, 667});
+        pass();
+        EXPECT_EQ(state.rightGrabber->frame(), Rect(360, 0, 15, 667)) << "667 is not the height of 375";
+    }
+}
+
 TEST_F(AvailabilityCycle, AnUnchangedHeightLeavesTheStripsWhereTheyAre) {
     state.rightGrabber->setFrame({100, 0, 15, 667});
     pass();
