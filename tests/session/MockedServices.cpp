@@ -22,12 +22,13 @@ void MockedServices::updateProperty(const char* service, const char* path, const
 
 void MockedServices::startLogin() {
     startMock({"--template", "logind"}, login);
-    take(bus().call(login, "/org/freedesktop/login1", mock, "AddSession",
-                    g_variant_new("(ssusb)", "c1", "seat0", 1000u, "someone", TRUE)));
+    for (const char* session : {"c1", "auto"})
+        take(bus().call(login, "/org/freedesktop/login1", mock, "AddSession",
+                        g_variant_new("(ssusb)", session, "seat0", 1000u, "someone", TRUE)));
 }
 
-void MockedServices::setLockedHint(bool locked) {
-    take(bus().call(login, loginSession, "org.freedesktop.login1.Session", "SetLockedHint",
+void MockedServices::setLockedHint(bool locked, const char* session) {
+    take(bus().call(login, session, "org.freedesktop.login1.Session", "SetLockedHint",
                     g_variant_new("(b)", locked)));
 }
 

@@ -9,10 +9,12 @@ class MockedServices : public SessionTest {
 protected:
     static constexpr const char* login = "org.freedesktop.login1";
     static constexpr const char* loginSession = "/org/freedesktop/login1/session/c1";
+    static constexpr const char* seenSession = "/org/freedesktop/login1/session/auto";
     static constexpr const char* sensor = "net.hadess.SensorProxy";
 
+    /// With a session "c1", and "auto", the one that the user sees.
     void startLogin();
-    void setLockedHint(bool locked);
+    void setLockedHint(bool locked, const char* session = loginSession);
     void setIdleHint(bool idle);
     bool waitForLocked(bool locked);
 

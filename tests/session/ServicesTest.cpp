@@ -56,6 +56,16 @@ TEST_F(SessionServices, ALoginManagerThatStartsLaterIsHeard) {
     EXPECT_TRUE(waitForLocked(true));
 }
 
+TEST_F(SessionServices, AHostThatBelongsToNoSessionHeedsTheOneThatIsSeen) {
+    startLogin();
+    setLoginSession("");
+    start();
+    EXPECT_TRUE(
+        eventually([&] { return state()["locked"] == true; }, [&] { setLockedHint(true, seenSession); }));
+    setLockedHint(false, seenSession);
+    EXPECT_TRUE(waitForLocked(false));
+}
+
 TEST_F(SessionServices, WhatWasLockedStaysSoWhenTheLoginManagerGoes) {
     startLogin();
     start();

@@ -49,7 +49,7 @@ void SessionTest::startHost(const std::vector<std::string>& arguments, HostLog l
         environment.push_back(variable);
     if (door_)
         environment.push_back(door_->environment());
-    environment.push_back("XDG_SESSION_ID=c1");
+    environment.push_back("XDG_SESSION_ID=" + loginSession_);
     environment.push_back(dataVariable());
     if (log == HostLog::Protocol)
         environment.push_back("WAYLAND_DEBUG=1");

@@ -33,6 +33,8 @@ protected:
     enum class HostLog { None, Words, Protocol };
     void startHost(const std::vector<std::string>& arguments = {"--no-supervisor"},
                    HostLog log = HostLog::None);
+    /// Of hosts that are started from now on; empty for one that belongs to no session.
+    void setLoginSession(const std::string& identifier) { loginSession_ = identifier; }
     /// What the host has said, if that is asked for, and everything between it and the compositor.
     std::string log() const;
     void stopHost() { host_.reset(); }
@@ -86,6 +88,7 @@ private:
     std::unique_ptr<CompositorDoor> door_;
     std::unique_ptr<TestClient> client_;
     std::unique_ptr<support::BackgroundProcess> host_;
+    std::string loginSession_ = "c1";
     double pointerX_ = 0, pointerY_ = 0;
     double eventTime_ = 0; // milliseconds
 };

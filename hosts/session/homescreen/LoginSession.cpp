@@ -31,8 +31,14 @@ void LoginSession::findSession() {
     take(locked_, false);
     if (!manager_.isThere())
         return;
+    // A service of the user's belongs to no session: then it is the one that the user sees.
+    const auto found = [this](const std::string& path) {
+        if (path.empty())
+            manager_.call("GetSession", g_variant_new("(s)", "auto"), [this](auto& own) { watch(own); });
+        else
+            watch(path);
+    };
     const char* identifier = std::getenv("XDG_SESSION_ID");
-    const auto found = [this](const std::string& path) { watch(path); };
     if (identifier && *identifier)
         manager_.call("GetSession", g_variant_new("(s)", identifier), found);
     else
