@@ -45,6 +45,9 @@ public:
     /// Draws `image`, with the filter of ImageContext, over or instead of what is there.
     void replaceWithImage(const Image& image, Rect into, double opacity, ImageFilter filter);
 
+    /// Lets go of the memory that this thread's canvases keep for groups to come.
+    static void forgetSparePixels();
+
 private:
     struct State;
     std::unique_ptr<State> state_;

@@ -27,6 +27,7 @@ public:
         if (free_.size() < kept)
             free_.push_back(std::move(pixels));
     }
+    void forget() { free_.clear(); }
     static GroupPixels& shared() {
         thread_local GroupPixels pixels;
         return pixels;
@@ -37,6 +38,10 @@ private:
 };
 
 } // namespace
+
+void CairoCanvas::forgetSparePixels() {
+    GroupPixels::shared().forget();
+}
 
 void CairoTarget::open() {
     surface = cairo_image_surface_create_for_data(view.pixels, CAIRO_FORMAT_ARGB32, view.width, view.height,

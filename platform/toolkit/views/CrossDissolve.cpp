@@ -2,6 +2,7 @@
 #include "platform/toolkit/layers/LayerSnapshot.h"
 #include "platform/toolkit/views/UIView.h"
 #include "platform/toolkit/windows/UIScreen.h"
+#include "platform/toolkit/windows/UIWindow.h"
 
 #include <algorithm>
 
@@ -9,12 +10,13 @@ namespace toolkit {
 
 namespace {
 
-/// A layer with the picture of what `view` shows now, in front of it. A view in no tree, or one that shows
-/// nothing, gets a layer that nobody sees: it still carries the transition's time.
+/// A layer with the picture of what `view` shows now, in front of it. A view in no tree, one that shows
+/// nothing, or one in a hidden window gets a layer that nobody sees: it still carries the transition's time.
 std::shared_ptr<Layer> coverWithPicture(const UIView& view) {
     auto cover = std::make_shared<Layer>();
     Layer* parent = view.layer()->superlayer();
-    if (!parent)
+    const UIWindow* window = view.window();
+    if (!parent || (window && window->isHidden()))
         return cover;
     const auto snapshot = LayerSnapshot::take(view.layer(), UIScreen::mainScreen().scale());
     if (!snapshot)

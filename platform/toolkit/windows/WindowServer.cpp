@@ -2,6 +2,7 @@
 
 #include "platform/foundation/RunLoop.h"
 #include "platform/toolkit/animation/Animation.h"
+#include "platform/toolkit/rendering/CairoCanvas.h"
 #include "platform/toolkit/views/UIViewController.h"
 #include "platform/toolkit/windows/UIScreen.h"
 
@@ -134,13 +135,18 @@ Compositor::Frame WindowServer::composeFrame() {
     return compositor_.compose(roots, screen.bounds().size(), screen.scale());
 }
 
-const std::vector<SeparateWindow>& WindowServer::composeSeparately() {
+const std::vector<SeparateWindow>& WindowServer::composeSeparately(OffScreen offScreen) {
     layoutIfNeeded();
     composedChange_ = Layer::changeCount();
     auto shown = windows();
     std::erase_if(shown, [this](const UIWindow* window) { return !mayShow(*window); });
     const UIScreen& screen = UIScreen::mainScreen();
-    return separateWindows_.update(shown, screen.bounds().size(), screen.scale());
+    return separateWindows_.update(shown, screen.bounds().size(), screen.scale(), offScreen);
+}
+
+void WindowServer::forgetPictures() {
+    separateWindows_.forget();
+    CairoCanvas::forgetSparePixels();
 }
 
 void WindowServer::setInterfaceOrientation(int orientation, double duration) {

@@ -41,7 +41,10 @@ public:
     Compositor& compositor() { return compositor_; }
     /// Instead of composeFrame(), for a host whose windows are surfaces of their own: lays out, paints each
     /// window by itself, and answers those that are seen, back to front. Valid until the next call.
-    const std::vector<SeparateWindow>& composeSeparately();
+    const std::vector<SeparateWindow>& composeSeparately(OffScreen offScreen = OffScreen::Ignored);
+    /// Lets go of whatever has been painted, once nothing of it is seen any more; what composeSeparately()
+    /// answered goes with it.
+    void forgetPictures();
 
     /// Swaps the screen's bounds for an interface orientation and tells every window's root view controller,
     /// within an animation of `duration` seconds.

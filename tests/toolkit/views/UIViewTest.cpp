@@ -341,6 +341,25 @@ TEST_F(UIViewTest, FadesAPictureOfTheOldLookOutInFrontOfTheNew) {
     EXPECT_THAT(layers(*root), ElementsAre(one->layer().get(), last->layer().get()));
 }
 
+TEST_F(UIViewTest, TakesNoPictureForACrossDissolveInAHiddenWindow) {
+    const auto window = shownWindow({0, 0, 100, 100});
+    const auto one = view({10, 20, 30, 40});
+    window->addSubview(one);
+    one->setBackgroundColor(Color::black());
+    const auto layersDuring = [&] {
+        int completions = 0;
+        UIView::transitionCrossDissolve(
+            *one, 1, [] {}, [&](bool finished) { completions += finished; });
+        const std::size_t during = window->layer()->sublayers().size();
+        loop.advance(2);
+        EXPECT_EQ(completions, 1);
+        return during;
+    };
+    EXPECT_EQ(layersDuring(), 2u);
+    window->setHidden(true);
+    EXPECT_EQ(layersDuring(), 1u);
+}
+
 TEST_F(UIViewTest, CompletesACrossDissolveOfAViewThatWent) {
     auto one = view({0, 0, 100, 100});
     int completions = 0;

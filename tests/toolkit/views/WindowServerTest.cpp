@@ -1,7 +1,7 @@
+#include "platform/toolkit/windows/WindowServer.h"
 #include "platform/toolkit/views/UIViewController.h"
 #include "platform/toolkit/windows/UIApplication.h"
 #include "platform/toolkit/windows/UIDevice.h"
-#include "platform/toolkit/windows/WindowServer.h"
 #include "tests/support/ToolkitTest.h"
 
 #include <numbers>
@@ -174,6 +174,37 @@ TEST_F(WindowServerTest, SwapsRootViews) {
 }
 
 // ---- Rotation
+
+// Windows as surfaces of their own
+
+TEST_F(WindowServerTest, LeavesAWindowBesideTheScreenAloneUnlessItIsToBePrepared) {
+    const auto seen = paintedWindow({0, 0, 100, 100}), beside = paintedWindow({375, 0, 100, 100});
+    const auto composed = [&](OffScreen offScreen) {
+        std::vector<UIWindow*> windows;
+        for (const SeparateWindow& each : server.composeSeparately(offScreen))
+            windows.push_back(each.window);
+        return windows;
+    };
+    EXPECT_THAT(composed(OffScreen::Ignored), ElementsAre(seen.get()));
+    EXPECT_THAT(composed(OffScreen::Prepared), ElementsAre(seen.get(), beside.get()));
+    beside->setHidden(true);
+    EXPECT_THAT(composed(OffScreen::Prepared), ElementsAre(seen.get()));
+}
+
+TEST_F(WindowServerTest, PaintsAgainWhatItHasForgotten) {
+    const auto window = paintedWindow({0, 0, 100, 100});
+    const auto inner = std::make_shared<UIView>(Rect{10, 10, 20, 20});
+    inner->setBackgroundColor(Color::white(1));
+    window->addSubview(inner);
+    const auto paintedPixels = [&] {
+        const auto& windows = server.composeSeparately();
+        return windows.size() == 1 ? windows.front().picture->painted().paintedPixels() : -1;
+    };
+    EXPECT_EQ(paintedPixels(), 40 * 40);
+    EXPECT_EQ(paintedPixels(), 0);
+    server.forgetPictures();
+    EXPECT_EQ(paintedPixels(), 40 * 40);
+}
 
 class FollowingController : public UIViewController {
 public:
