@@ -66,12 +66,14 @@ void CoverStore::keep(const Key& key, Picture picture) {
     pixels_ += pixelsOf(picture);
     uses_.push_front(key);
     entries_[key] = {std::move(picture), uses_.begin()};
-    while (pixels_ > capacity && uses_.size() > 1) {
-        const auto oldest = entries_.find(uses_.back());
-        pixels_ -= pixelsOf(oldest->second.picture);
-        entries_.erase(oldest);
-        uses_.pop_back();
-    }
+    while (pixels_ > capacity && uses_.size() > 1)
+        forget(entries_.find(uses_.back()));
+}
+
+void CoverStore::forget(std::map<Key, Entry>::iterator entry) {
+    pixels_ -= pixelsOf(entry->second.picture);
+    uses_.erase(entry->second.use);
+    entries_.erase(entry);
 }
 
 CoverStore::Picture CoverStore::cover(const Request& request) {
@@ -111,6 +113,15 @@ void CoverStore::arrived(const Key& key, const Picture& picture, unsigned genera
     for (const auto& waiter : waiters.mapped())
         if (const Ready ready = std::exchange(*waiter, nullptr))
             ready(picture);
+}
+
+void CoverStore::forgetUnused() {
+    for (auto entry = entries_.begin(); entry != entries_.end();) {
+        const auto next = std::next(entry);
+        if (entry->second.picture.use_count() == 1)
+            forget(entry);
+        entry = next;
+    }
 }
 
 void CoverStore::clear() {

@@ -35,6 +35,8 @@ public:
     Picture cover(const Request& request);
     /// Calls `ready` once on the main thread, at once when the cover is there, as long as the handle lives.
     foundation::Handle load(const Request& request, Ready ready);
+    /// Forgets the covers that nobody else holds: those that nothing shows.
+    void forgetUnused();
     /// Forgets everything, as when the library has changed.
     void clear();
 
@@ -56,6 +58,7 @@ private:
     static Key keyOf(const Request& request);
     const Picture* find(const Key& key);
     void keep(const Key& key, Picture picture);
+    void forget(std::map<Key, Entry>::iterator entry);
     void arrived(const Key& key, const Picture& picture, unsigned generation);
 
     std::map<Key, Entry> entries_;

@@ -121,6 +121,19 @@ TEST_F(Artwork, ForgetsTheCoversThatWereUsedLongestAgo) {
     EXPECT_EQ(port.coversRead, 1);
 }
 
+TEST_F(Artwork, KeepsOnlyWhatIsShownWhenTheRestIsForgotten) {
+    const auto shown = MPMediaItemArtwork(1).imageWithSize({44, 44});
+    MPMediaItemArtwork(1).imageWithSize({60, 60});
+    MPMediaItemArtwork(404).imageWithSize({44, 44});
+    CoverStore::shared().forgetUnused();
+    port.coversRead = 0;
+    EXPECT_EQ(MPMediaItemArtwork(1).imageWithSize({44, 44}), shown);
+    EXPECT_EQ(MPMediaItemArtwork(404).imageWithSize({44, 44}), nullptr);
+    EXPECT_EQ(port.coversRead, 0);
+    EXPECT_NE(MPMediaItemArtwork(1).imageWithSize({60, 60}), nullptr);
+    EXPECT_EQ(port.coversRead, 1);
+}
+
 TEST_F(Artwork, ReadsAgainWhatWasForgotten) {
     MPMediaItemArtwork(1).imageWithSize({44, 44});
     CoverStore::shared().clear();
