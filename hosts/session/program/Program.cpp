@@ -3,6 +3,7 @@
 #include "hosts/device/DeviceRoot.h"
 #include "hosts/device/InstalledFiles.h"
 #include "hosts/session/program/ControlClient.h"
+#include "hosts/session/program/MemoryUse.h"
 #include "hosts/session/program/RunningSession.h"
 #include "hosts/session/program/Supervisor.h"
 #include "platform/foundation/Log.h"
@@ -41,6 +42,7 @@ void takeNoteOfPluginCrash() {
 }
 
 void runHost(const Options& options) {
+    MemoryUse::keepLow();
     const device::DeviceRoot root(options.root.value_or(device::DeviceRoot::userRoot()));
     root.fill(device::resourceDirectory() / "device");
     if (options.bringPlugins)

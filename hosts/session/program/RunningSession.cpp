@@ -3,6 +3,7 @@
 #include "hosts/device/ExtensionLoader.h"
 #include "hosts/device/InstalledFiles.h"
 #include "hosts/script/StateDump.h"
+#include "hosts/session/program/MemoryUse.h"
 #include "hosts/session/wayland/ConnectionError.h"
 #include "platform/foundation/Log.h"
 #include "platform/plugins/TimeOfDay.h"
@@ -77,7 +78,8 @@ void RunningSession::putUpScreen() {
             toplevels_->setHeld(taken);
     };
     screen_ = std::make_unique<SessionScreen>(
-        *connection_, SessionScreen::Callbacks{keyboardTaken, [this] { panels_.dismiss(); }});
+        *connection_,
+        SessionScreen::Callbacks{keyboardTaken, [this] { panels_.dismiss(); }, MemoryUse::letGoOfSpare});
     screen_->setWithheld(!homeScreen_.mayBeSeen());
 }
 

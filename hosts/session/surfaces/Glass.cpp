@@ -27,7 +27,11 @@ void Glass::setScene(const std::shared_ptr<const Image>& scene, toolkit::Size si
         return std::max(1, static_cast<int>(std::lround(points * pixelsPerPoint_)));
     };
     const int width = pixels(size.width), height = pixels(size.height);
-    scene_ = scene ? scene->reducedTo(width, height) : greyScene(width, height);
+    const bool fits = scene && scene->pixelWidth() == width && scene->pixelHeight() == height;
+    if (fits)
+        scene_ = scene;
+    else
+        scene_ = scene ? scene->reducedTo(width, height) : greyScene(width, height);
     pictures_.clear();
 }
 

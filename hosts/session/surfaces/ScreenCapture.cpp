@@ -1,5 +1,6 @@
 #include "hosts/session/surfaces/ScreenCapture.h"
 
+#include "hosts/session/surfaces/PixelBlocks.h"
 #include "hosts/session/surfaces/ShmBuffer.h"
 #include "hosts/session/wayland/Protocols.h"
 #include "platform/foundation/RunLoop.h"
@@ -133,26 +134,28 @@ Place onOutput(int x, int y, int width, int height, int transform) {
     }
 }
 
-std::shared_ptr<const Image> upright(const Request& request, const Output& output) {
+std::shared_ptr<const Image> upright(const Request& request, const Output& output, double pixelsPerPoint) {
     const auto redFirst = isRedFirst(request.format);
     if (!redFirst)
         return nullptr;
-    const toolkit::PixelView from = request.buffer->view();
+    const PixelBlocks from(request.buffer->view(), static_cast<int>(output.scale() / pixelsPerPoint));
     const bool sideways = output.transform() % 2 == 1;
-    const int width = sideways ? from.height : from.width, height = sideways ? from.width : from.height;
+    const int width = sideways ? from.height() : from.width(),
+              height = sideways ? from.width() : from.height();
     std::vector<std::uint8_t> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4);
     std::uint8_t* out = pixels.data();
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x, out += 4) {
             const Place place = onOutput(x, y, width, height, output.transform());
-            const std::uint8_t* in =
-                from.at(place.x, request.upsideDown ? from.height - 1 - place.y : place.y);
-            out[0] = in[*redFirst ? 2 : 0];
-            out[1] = in[1];
-            out[2] = in[*redFirst ? 0 : 2];
+            const std::uint32_t in =
+                from.at(place.x, request.upsideDown ? from.height() - 1 - place.y : place.y);
+            out[*redFirst ? 2 : 0] = static_cast<std::uint8_t>(in);
+            out[1] = static_cast<std::uint8_t>(in >> 8);
+            out[*redFirst ? 0 : 2] = static_cast<std::uint8_t>(in >> 16);
             out[3] = 0xFF;
         }
-    return std::make_shared<const Image>(width, height, width * 4, std::move(pixels), output.scale());
+    return std::make_shared<const Image>(width, height, width * 4, std::move(pixels),
+                                         output.scale() / from.side());
 }
 
 struct WrapperRelease {
@@ -161,7 +164,8 @@ struct WrapperRelease {
 
 } // namespace
 
-std::shared_ptr<const Image> ScreenCapture::take(Connection& connection, const Output& output) {
+std::shared_ptr<const Image> ScreenCapture::take(Connection& connection, const Output& output,
+                                                 double pixelsPerPoint) {
     Globals& globals = connection.globals();
     if (!globals.screencopy)
         return nullptr;
@@ -175,7 +179,7 @@ std::shared_ptr<const Image> ScreenCapture::take(Connection& connection, const O
         zwlr_screencopy_manager_v1_capture_output(manager.get(), 0, output.object()));
     zwlr_screencopy_frame_v1_add_listener(frame.get(), &Request::listener, &request);
     waitFor(request, connection.display(), queue.get());
-    return request.state == Request::State::Ready ? upright(request, output) : nullptr;
+    return request.state == Request::State::Ready ? upright(request, output, pixelsPerPoint) : nullptr;
 }
 
 } // namespace session

@@ -23,6 +23,9 @@ namespace {
 constexpr double unseenAlpha = 0.0101;
 
 constexpr double captureLife = 0.2; // seconds
+/// How long a frame waits for a finger's next movement, which it would be too late for otherwise; seconds.
+/// The rest of the frame's time must do for painting.
+constexpr double patience = 0.006;
 
 bool canBeTold(const SeparateWindow& shown) {
     const auto& look = shown.picture->look();
@@ -86,7 +89,7 @@ std::shared_ptr<const toolkit::Image> SessionScreen::capture() {
     if (!output_)
         return nullptr;
     if (!captured_ || now() - captureTime_ > captureLife) {
-        captured_ = ScreenCapture::take(connection_, *output_);
+        captured_ = ScreenCapture::take(connection_, *output_, glass_.pixelsPerPoint());
         captureTime_ = now();
     }
     return captured_;
@@ -95,15 +98,28 @@ std::shared_ptr<const toolkit::Image> SessionScreen::capture() {
 // ---- Frames
 
 void SessionScreen::present() {
-    if (!output_ || withheld_ || (stage_ && stage_->isBusy()))
+    if (!output_ || withheld_ || fingerAwaited_ || (stage_ && stage_->isBusy()))
         return;
     if (!due_ && !WindowServer::shared().needsFrame())
         return;
     due_ = false;
-    const Windows& windows = WindowServer::shared().composeSeparately();
+    // A pan begins with its panel beside the screen: from then on there is a frame's time to get it ready.
+    const auto offScreen = fingers_.empty() ? toolkit::OffScreen::Ignored : toolkit::OffScreen::Prepared;
+    const Windows& windows = WindowServer::shared().composeSeparately(offScreen);
     showStrips(windows);
     showStage(windows);
     connection_.flush();
+}
+
+/// While something on the stage is animated, a frame is due at once, and a finger that moves a moment later
+/// would always be shown one frame late.
+void SessionScreen::stageIsFree() {
+    if (fingers_.empty())
+        return present();
+    fingerAwaited_ = foundation::RunLoop::main().scheduleTimer(patience, false, [this] {
+        fingerAwaited_.reset();
+        present();
+    });
 }
 
 void SessionScreen::showStrips(const Windows& windows) {
@@ -159,8 +175,11 @@ void SessionScreen::closeStage() {
 void SessionScreen::showStage(const Windows& windows) {
     Windows seen;
     std::ranges::copy_if(windows, std::back_inserter(seen), canBeTold);
-    if (seen.empty())
+    if (seen.empty()) {
+        if (fingers_.empty())
+            captured_.reset();
         return takeDownStage();
+    }
     if (!stage_)
         putUpStage();
     useKeyboard(seen);
@@ -172,7 +191,7 @@ void SessionScreen::putUpStage() {
     glass_.setScene(capture(), UIScreen::mainScreen().bounds().size());
     captured_.reset();
     stage_ = std::make_unique<Stage>(connection_.globals(), pixels_, glass_, *output_,
-                                     Stage::Callbacks{[this] { present(); }, [this] { closeStage(); }});
+                                     Stage::Callbacks{[this] { stageIsFree(); }, [this] { closeStage(); }});
 }
 
 void SessionScreen::takeDownStage() {
@@ -186,6 +205,7 @@ void SessionScreen::takeDownStage() {
         keyboardUse_ = KeyboardUse::None;
         callbacks_.keyboardTaken(false);
     }
+    callbacks_.stageTakenDown();
 }
 
 void SessionScreen::takeDownStrips() {
@@ -228,6 +248,8 @@ void SessionScreen::fingerDown(std::int64_t finger, wl_surface* surface, Point p
     if (!origin)
         return;
     const double seconds = timeOf(time, fingers_.empty());
+    if (!stage_)
+        capture(); // which a pan is about to need, and has no time for
     fingers_[finger] = {surface, *origin};
     TouchDispatcher::shared().touchDown(finger, {point.x + origin->x, point.y + origin->y}, seconds);
 }
@@ -236,6 +258,7 @@ void SessionScreen::fingerMoved(std::int64_t finger, Point point, std::uint32_t 
     const auto found = fingers_.find(finger);
     if (found == fingers_.end())
         return;
+    fingerAwaited_.reset();
     const Point origin = found->second.origin;
     TouchDispatcher::shared().touchMove(finger, {point.x + origin.x, point.y + origin.y},
                                         timeOf(time, false));
@@ -245,6 +268,7 @@ void SessionScreen::fingerUp(std::int64_t finger, std::uint32_t time) {
     if (fingers_.erase(finger) == 0)
         return;
     due_ = true; // the keyboard waits for the last finger
+    fingerAwaited_.reset();
     TouchDispatcher::shared().touchUp(finger, timeOf(time, false));
 }
 

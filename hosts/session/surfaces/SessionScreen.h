@@ -24,6 +24,8 @@ public:
         /// The stage takes the keyboard, or gives it back. Called before the compositor hears of it.
         std::function<void(bool)> keyboardTaken;
         std::function<void()> escapePressed;
+        /// Nothing of the product's can be seen any more, for now.
+        std::function<void()> stageTakenDown;
     };
     /// The connection outlives this object.
     SessionScreen(Connection& connection, Callbacks callbacks);
@@ -35,7 +37,7 @@ public:
     /// While withheld nothing of the product is shown or touched.
     void setWithheld(bool withheld);
     bool isStageUp() const { return stage_ != nullptr; }
-    /// What the output shows now; null when it cannot be told.
+    /// What the output shows now, in the size that glass has; null when it cannot be told.
     std::shared_ptr<const toolkit::Image> capture();
 
     void fingerDown(std::int64_t finger, wl_surface* surface, toolkit::Point point,
@@ -53,6 +55,7 @@ private:
     using Windows = std::vector<toolkit::SeparateWindow>;
 
     void present();
+    void stageIsFree();
     void showStrips(const Windows& windows);
     void showStage(const Windows& windows);
     void closeStrip(std::uint64_t id);
@@ -85,6 +88,7 @@ private:
         toolkit::Point origin;
     };
     std::map<std::int64_t, Finger> fingers_;
+    foundation::Handle fingerAwaited_;                           // for a moment, by the frame that is due
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true); // for blocks that come later
     foundation::Handle commitHook_;
 };

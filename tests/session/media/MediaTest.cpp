@@ -1,4 +1,5 @@
 // The music of other programs in the session, and the songs on its disk.
+#include "tests/session/ProcessUse.h"
 #include "tests/session/SessionTest.h"
 #include "tests/support/FakePlayer.h"
 #include "tests/support/MusicFiles.h"
@@ -117,6 +118,23 @@ TEST_F(SessionMedia, APlayersSongIsOnThePanel) {
     EXPECT_TRUE(panelSays("mpv")) << "the player's name above all";
     EXPECT_TRUE(panelSays("A Song"));
     EXPECT_TRUE(panelSays("Somebody"));
+}
+
+TEST_F(SessionMedia, BehindAClosedPanelMusicCostsNothing) {
+    start();
+    setPreference("Autoscroll", "bool", "true");
+    const auto player = makePlayer("A Song", "Somebody");
+    ASSERT_TRUE(shows("A Song")) << nowPlaying();
+    showPanel();
+    ASSERT_TRUE(request("Dismiss"));
+    ASSERT_TRUE(waitForRest(""));
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    const ProcessUse host(hostProcess());
+    const long before = host.wakeUps();
+    std::this_thread::sleep_for(std::chrono::seconds(4));
+    // The cycle's two a second and the end of what the song set going; frames would be sixty a second.
+    EXPECT_LE(host.wakeUps() - before, 4 * 2 + 16);
+    EXPECT_TRUE(nowPlaying()["playing"]);
 }
 
 TEST_F(SessionMedia, TheControlsStopThePlayerAndLetItGoOn) {
