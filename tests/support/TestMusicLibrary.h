@@ -2,7 +2,7 @@
 #pragma once
 
 #include "hosts/media/MusicLibrary.h"
-#include "hosts/media/Observers.h"
+#include "platform/foundation/Observers.h"
 
 #include <map>
 
@@ -61,7 +61,7 @@ private:
     std::vector<std::filesystem::path> directories_;
     media::SharedMediaItems songs_ = std::make_shared<const media::MediaItems>();
     bool scanning_ = false;
-    playback::Observers<> observers_;
+    foundation::Observers<> observers_;
 };
 
 } // namespace support

@@ -1,6 +1,6 @@
 #include "hosts/media/choice/NowPlayingChoice.h"
 
-#include "hosts/media/Observers.h"
+#include "platform/foundation/Observers.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/media/MPUNowPlayingController.h"
 
@@ -48,7 +48,7 @@ struct NowPlayingChoice::State : std::enable_shared_from_this<State> {
     bool reportUnderWay = false;
     bool elapsedFollowed = true;
     foundation::Handle timer;
-    Observers<> observers;
+    foundation::Observers<> observers;
 };
 
 NowPlayingChoice::NowPlayingChoice() : state_(std::make_shared<State>()) {}

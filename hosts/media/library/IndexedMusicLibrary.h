@@ -3,8 +3,8 @@
 #pragma once
 
 #include "hosts/media/MusicLibrary.h"
-#include "hosts/media/Observers.h"
 #include "hosts/media/library/SongList.h"
+#include "platform/foundation/Observers.h"
 
 #include <memory>
 #include <mutex>
@@ -41,7 +41,7 @@ private:
 
     std::vector<std::filesystem::path> directories_;
     Scan scan_ = Scan::None;
-    Observers<> observers_;
+    foundation::Observers<> observers_;
     /// What the background knows of the library: whether it still stands.
     std::shared_ptr<Life> life_;
     mutable std::mutex listMutex_; // covers and words are asked for on any thread

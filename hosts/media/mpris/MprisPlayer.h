@@ -5,8 +5,8 @@
 #pragma once
 
 #include "hosts/media/NowPlayingSource.h"
-#include "hosts/media/Observers.h"
 #include "hosts/media/mpris/TrackMetadata.h"
+#include "platform/foundation/Observers.h"
 
 #include <cstdint>
 #include <functional>
@@ -69,7 +69,7 @@ private:
     std::string owner_;
     SongLookup lookUp_;
     std::vector<foundation::Handle> signals_;
-    Observers<Change> observers_;
+    foundation::Observers<Change> observers_;
 
     std::string identity_;
     std::string desktopEntry_;

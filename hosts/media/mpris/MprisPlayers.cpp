@@ -28,7 +28,7 @@ bool isPlayerName(std::string_view name) {
 
 } // namespace
 
-MprisPlayers::MprisPlayers(SessionBus& bus, NowPlayingChoice& choice, MprisPlayer::SongLookup lookUp)
+MprisPlayers::MprisPlayers(bus::Bus& bus, NowPlayingChoice& choice, MprisPlayer::SongLookup lookUp)
     : bus_(bus), choice_(choice), lookUp_(std::move(lookUp)) {
     busObserver_ = bus_.addObserver([this] { busChanged(); });
     busChanged();

@@ -4,9 +4,9 @@
 // process. Main thread only.
 #pragma once
 
+#include "hosts/bus/Bus.h"
 #include "hosts/media/choice/NowPlayingChoice.h"
 #include "hosts/media/mpris/MprisPlayer.h"
-#include "hosts/media/mpris/SessionBus.h"
 
 #include <map>
 
@@ -15,7 +15,7 @@ namespace playback {
 class MprisPlayers {
 public:
     /// Both must outlive this. Without a `lookUp` no track is known as a song of the library.
-    MprisPlayers(SessionBus& bus, NowPlayingChoice& choice, MprisPlayer::SongLookup lookUp = {});
+    MprisPlayers(bus::Bus& bus, NowPlayingChoice& choice, MprisPlayer::SongLookup lookUp = {});
     MprisPlayers(const MprisPlayers&) = delete;
     MprisPlayers& operator=(const MprisPlayers&) = delete;
     ~MprisPlayers();
@@ -32,7 +32,7 @@ private:
     void setOwner(const std::string& name, const std::string& owner);
     void removeAll();
 
-    SessionBus& bus_;
+    bus::Bus& bus_;
     NowPlayingChoice& choice_;
     MprisPlayer::SongLookup lookUp_;
     foundation::Handle busObserver_;

@@ -98,7 +98,7 @@ struct MprisService::Methods {
     static constexpr GDBusInterfaceVTable table{call, get, set, {}};
 };
 
-MprisService::MprisService(SessionBus& bus, NowPlayingSource& player, Description description, Volume volume)
+MprisService::MprisService(bus::Bus& bus, NowPlayingSource& player, Description description, Volume volume)
     : bus_(bus), player_(player), description_(std::move(description)), volume_(std::move(volume)) {
     busObserver_ = bus_.addObserver([this] { busChanged(); });
     playerObserver_ = player_.addObserver([this](NowPlayingSource::Change change) { playerChanged(change); });

@@ -4,8 +4,8 @@
 // Main thread only.
 #pragma once
 
+#include "hosts/bus/Bus.h"
 #include "hosts/media/NowPlayingSource.h"
-#include "hosts/media/mpris/SessionBus.h"
 #include "hosts/media/mpris/Variant.h"
 
 #include <map>
@@ -28,7 +28,7 @@ public:
     };
 
     /// `bus` and `player` must outlive the service.
-    MprisService(SessionBus& bus, NowPlayingSource& player, Description description, Volume volume);
+    MprisService(bus::Bus& bus, NowPlayingSource& player, Description description, Volume volume);
     MprisService(const MprisService&) = delete;
     MprisService& operator=(const MprisService&) = delete;
     ~MprisService();
@@ -51,7 +51,7 @@ private:
     void seekBy(double seconds);
     void setPosition(const std::string& track, double seconds);
 
-    SessionBus& bus_;
+    bus::Bus& bus_;
     NowPlayingSource& player_;
     Description description_;
     Volume volume_;

@@ -6,10 +6,10 @@
 
 #include "hosts/applications/ApplicationCatalogue.h"
 #include "hosts/media/NowPlayingSource.h"
-#include "hosts/media/Observers.h"
 #include "hosts/media/PlaybackEngine.h"
 #include "hosts/phone/music/RadioStation.h"
 #include "hosts/phone/music/StreamTitle.h"
+#include "platform/foundation/Observers.h"
 
 #include <memory>
 #include <optional>
@@ -96,7 +96,7 @@ private:
     bool failed_ = false;
     int failures_ = 0; // songs in a row that could not be played
     std::function<void()> launch_;
-    playback::Observers<Change> observers_;
+    foundation::Observers<Change> observers_;
 };
 
 } // namespace phone

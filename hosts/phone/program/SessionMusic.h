@@ -1,5 +1,5 @@
-// The phone's music among that of the desktop it runs on: players of other applications come to the phone, and
-// the phone's own player can be driven by others.
+// The phone's music among that of the desktop it runs on: players of other applications come to the phone,
+// and the phone's own player can be driven by others.
 #pragma once
 
 #include "hosts/media/mpris/MprisPlayers.h"
@@ -14,7 +14,7 @@ public:
     explicit SessionMusic(PhoneMediaPort& music);
 
 private:
-    playback::SessionBus bus_;
+    bus::Bus bus_{bus::Bus::Kind::Session};
     playback::MprisPlayers players_;
     playback::MprisService service_;
 };

@@ -25,12 +25,12 @@ std::string firstText(GVariant* answer) {
 
 } // namespace
 
-BusObject::BusObject(Bus& bus, Address address, Callbacks callbacks)
+BusObject::BusObject(bus::Bus& bus, Address address, Callbacks callbacks)
     : bus_(bus),
       address_(std::move(address)),
       callbacks_(std::move(callbacks)),
       self_(std::make_shared<BusObject*>(this)) {
-    busObserver_ = bus_.observe([this] {
+    busObserver_ = bus_.addObserver([this] {
         close();
         open();
         callbacks_.changed();

@@ -3,7 +3,7 @@
 // The service may be missing, start later and end. Main thread only.
 #pragma once
 
-#include "hosts/session/bus/Bus.h"
+#include "hosts/bus/Bus.h"
 
 #include <string>
 
@@ -25,7 +25,7 @@ public:
         std::function<void(const std::string& signal)> signalled = {};
     };
     /// `bus` outlives this object.
-    BusObject(Bus& bus, Address address, Callbacks callbacks);
+    BusObject(bus::Bus& bus, Address address, Callbacks callbacks);
     ~BusObject();
     BusObject(const BusObject&) = delete;
     BusObject& operator=(const BusObject&) = delete;
@@ -43,7 +43,7 @@ private:
     void close();
     void opened(GDBusProxy* proxy);
 
-    Bus& bus_;
+    bus::Bus& bus_;
     Address address_;
     Callbacks callbacks_;
     GDBusProxy* proxy_ = nullptr;

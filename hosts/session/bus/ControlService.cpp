@@ -91,9 +91,9 @@ struct ControlService::Interface {
     static constexpr GDBusInterfaceVTable table{called, asked, nullptr, {}};
 };
 
-ControlService::ControlService(Bus& bus, Panels& panels, std::function<std::string()> describeState)
+ControlService::ControlService(bus::Bus& bus, Panels& panels, std::function<std::string()> describeState)
     : bus_(bus), panels_(panels), describeState_(std::move(describeState)) {
-    busObserver_ = bus_.observe([this] {
+    busObserver_ = bus_.addObserver([this] {
         close();
         open();
     });

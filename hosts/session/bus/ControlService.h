@@ -3,7 +3,7 @@
 // The name is taken whenever the bus is there. Main thread only.
 #pragma once
 
-#include "hosts/session/bus/Bus.h"
+#include "hosts/bus/Bus.h"
 #include "hosts/session/homescreen/Panels.h"
 
 namespace session {
@@ -14,7 +14,7 @@ public:
     static constexpr const char* path = "/org/lanternhub/vela3";
 
     /// Everything outlives this object. `describeState` answers the state as JSON.
-    ControlService(Bus& bus, Panels& panels, std::function<std::string()> describeState);
+    ControlService(bus::Bus& bus, Panels& panels, std::function<std::string()> describeState);
     ~ControlService();
     ControlService(const ControlService&) = delete;
     ControlService& operator=(const ControlService&) = delete;
@@ -28,7 +28,7 @@ private:
     void open();
     void close();
 
-    Bus& bus_;
+    bus::Bus& bus_;
     Panels& panels_;
     std::function<std::string()> describeState_;
     unsigned object_ = 0;

@@ -15,7 +15,7 @@ constexpr const char* service = "org.freedesktop.login1";
 
 } // namespace
 
-LoginSession::LoginSession(Bus& system, std::function<void()> changed)
+LoginSession::LoginSession(bus::Bus& system, std::function<void()> changed)
     : bus_(system),
       changed_(std::move(changed)),
       manager_(system, {service, "/org/freedesktop/login1", "org.freedesktop.login1.Manager"}, {[this] {

@@ -10,7 +10,7 @@ namespace session {
 class LoginSession {
 public:
     /// `changed` is called after isLocked() or isIdle() has.
-    LoginSession(Bus& system, std::function<void()> changed);
+    LoginSession(bus::Bus& system, std::function<void()> changed);
 
     bool isLocked() const { return locked_; }
     /// False as well while the login manager does not tell.
@@ -22,7 +22,7 @@ private:
     void readHints();
     void take(bool locked, bool idle);
 
-    Bus& bus_;
+    bus::Bus& bus_;
     std::function<void()> changed_;
     bool locked_ = false;
     bool idle_ = false;

@@ -7,7 +7,7 @@ namespace session {
 
 class OnScreenKeyboard {
 public:
-    OnScreenKeyboard(Bus& session, std::function<void()> changed)
+    OnScreenKeyboard(bus::Bus& session, std::function<void()> changed)
         : keyboard_(session, {"sm.puri.OSK0", "/sm/puri/OSK0", "sm.puri.OSK0"}, {std::move(changed)}) {}
 
     bool isVisible() const { return keyboard_.booleanProperty("Visible", false); }

@@ -15,7 +15,7 @@ constexpr bool isSideways(std::int64_t orientation) {
 
 } // namespace
 
-OrientationSensor::OrientationSensor(Bus& system, std::function<void()> changed)
+OrientationSensor::OrientationSensor(bus::Bus& system, std::function<void()> changed)
     : sensor_(system, {"net.hadess.SensorProxy", "/net/hadess/SensorProxy", "net.hadess.SensorProxy"},
               {[this, changed] {
                   // The service measures nothing before it is asked to.

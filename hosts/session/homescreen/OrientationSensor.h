@@ -10,7 +10,7 @@ namespace session {
 
 class OrientationSensor {
 public:
-    OrientationSensor(Bus& system, std::function<void()> changed);
+    OrientationSensor(bus::Bus& system, std::function<void()> changed);
 
     /// An interface orientation, 1 to 4; 0 where nothing is known.
     std::int64_t orientation() const;

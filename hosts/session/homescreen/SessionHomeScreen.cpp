@@ -21,7 +21,7 @@ constexpr double keyboardShare = 0.4; // of the screen's height, where only its 
 
 } // namespace
 
-SessionHomeScreen::SessionHomeScreen(Bus& session, Bus& system, Configuration configuration)
+SessionHomeScreen::SessionHomeScreen(bus::Bus& session, bus::Bus& system, Configuration configuration)
     : configuration_(std::move(configuration)),
       springBoard_(std::make_shared<homescreen::SpringBoard>()),
       lockScreen_(std::make_shared<homescreen::SBLockScreenViewController>()),

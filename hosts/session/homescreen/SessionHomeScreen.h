@@ -34,7 +34,7 @@ public:
         std::function<std::optional<std::string>(const std::string& bundleIdentifier)> playerName;
     };
     /// There must be a main run loop. Sets the process's identity and the current host port.
-    SessionHomeScreen(Bus& session, Bus& system, Configuration configuration);
+    SessionHomeScreen(bus::Bus& session, bus::Bus& system, Configuration configuration);
 
     /// Launches the home screen: extensions are to be loaded before, and the output told.
     void launch();

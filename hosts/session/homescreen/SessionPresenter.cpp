@@ -9,7 +9,7 @@ namespace session {
 
 using preferences::SLComposeViewController;
 
-SessionPresenter::SessionPresenter(const Bus& session) : session_(session) {
+SessionPresenter::SessionPresenter(const bus::Bus& session) : session_(session) {
     setCurrent(this);
 }
 

@@ -4,8 +4,8 @@
 // Main thread only; one per process, never torn down.
 #pragma once
 
+#include "hosts/bus/Bus.h"
 #include "hosts/desktop/DesktopEntries.h"
-#include "hosts/session/bus/Bus.h"
 #include "platform/preferences/PreferencesPort.h"
 
 namespace session {
@@ -13,7 +13,7 @@ namespace session {
 class SessionPresenter final : public preferences::PreferencesPort {
 public:
     /// Becomes the process's port.
-    explicit SessionPresenter(const Bus& session);
+    explicit SessionPresenter(const bus::Bus& session);
 
     void present(const std::shared_ptr<toolkit::UIViewController>& controller, bool animated,
                  std::function<void()> completion) override;
@@ -27,7 +27,7 @@ public:
                                                           double points) override;
 
 private:
-    const Bus& session_;
+    const bus::Bus& session_;
     desktop::DesktopEntries entries_;
 };
 

@@ -8,8 +8,9 @@ namespace session {
 
 // A lyric that is asked for before the gateway stands would be remembered as one that there is not, so the
 // players come after it.
-SessionMusic::SessionMusic()
-    : port_(library_, choice_),
+SessionMusic::SessionMusic(bus::Bus& session)
+    : bus_(session),
+      port_(library_, choice_),
       libraryObserver_(library_.addObserver([this] { libraryChanged(); })),
       gateway_({device::LyricsGatewayProcess::userDirectory(), playback::userMusicDirectory()},
                [this] { findPlayers(); }) {

@@ -4,6 +4,7 @@
 // followed only while somebody looks. Main thread; there must be a main run loop and a device root.
 #pragma once
 
+#include "hosts/bus/Bus.h"
 #include "hosts/device/LyricsGatewayProcess.h"
 #include "hosts/media/library/IndexedMusicLibrary.h"
 #include "hosts/media/mpris/MprisPlayers.h"
@@ -15,7 +16,8 @@ namespace session {
 
 class SessionMusic {
 public:
-    SessionMusic();
+    /// The bus outlives this.
+    explicit SessionMusic(bus::Bus& session);
 
     SessionMediaPort& port() { return port_; }
     /// Whether now-playing controls can be seen.
@@ -26,10 +28,10 @@ private:
     void libraryChanged();
     std::int64_t lookUp(const playback::TrackMetadata& track);
 
+    bus::Bus& bus_;
     playback::IndexedMusicLibrary library_;
     playback::NowPlayingChoice choice_;
     SessionMediaPort port_;
-    playback::SessionBus bus_;
     std::unique_ptr<playback::MprisPlayers> players_; // null until lyrics can be asked for
     foundation::Handle libraryObserver_;
     device::LyricsGatewayProcess gateway_;

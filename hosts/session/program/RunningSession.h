@@ -41,8 +41,10 @@ private:
     std::string outputName_;
     double startTime_;
     script::NotificationRecorder notifications_;
-    Bus sessionBus_{Bus::Kind::Session};
-    Bus systemBus_{Bus::Kind::System};
+    bus::Bus sessionBus_{bus::Bus::Kind::Session,
+                         "vela-session: no session bus; going on without what it would tell"};
+    bus::Bus systemBus_{bus::Bus::Kind::System,
+                        "vela-session: no system bus; going on without what it would tell"};
     MissingProtocols missing_;
     std::string waitingBecause_; // no compositor can be used, as the log was told last
     std::unique_ptr<Connection> connection_;
@@ -50,7 +52,7 @@ private:
     std::unique_ptr<SessionScreen> screen_;
     SessionHomeScreen homeScreen_;
     SessionPresenter presenter_{sessionBus_};
-    SessionMusic music_;
+    SessionMusic music_{sessionBus_};
     Panels panels_;
     ControlService control_;
     foundation::Handle retry_;

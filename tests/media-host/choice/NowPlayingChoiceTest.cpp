@@ -1,6 +1,6 @@
 #include "hosts/media/choice/NowPlayingChoice.h"
 
-#include "hosts/media/Observers.h"
+#include "platform/foundation/Observers.h"
 #include "platform/foundation/VirtualRunLoop.h"
 #include "platform/media/MPUNowPlayingController.h"
 #include "platform/media/MPUSystemMediaControlsViewController.h"
@@ -71,7 +71,7 @@ private:
     bool playing_ = false;
     bool radio_ = false;
     double position_ = 0;
-    playback::Observers<Change> observers_;
+    foundation::Observers<Change> observers_;
 };
 
 struct Choice : testing::Test {

@@ -44,7 +44,7 @@ protected:
     }
 
     support::PrivateBus bus;
-    SessionBus session;
+    bus::Bus session{bus::Bus::Kind::Session};
     NowPlayingChoice choice;
     MprisPlayers players{session, choice};
 };
@@ -255,7 +255,7 @@ TEST(MprisWithoutABus, IsQuiet) {
     foundation::RunLoop::setMain(&loop);
     {
         g_setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere/bus", TRUE);
-        SessionBus session;
+        bus::Bus session{bus::Bus::Kind::Session};
         NowPlayingChoice choice;
         const MprisPlayers players(session, choice);
         for (int turn = 0; turn < 20; ++turn)

@@ -10,17 +10,17 @@
 #include <memory>
 #include <vector>
 
-namespace playback {
+namespace foundation {
 
 template <class... Arguments>
 class Observers {
 public:
     using Observer = std::function<void(Arguments...)>;
 
-    foundation::Handle add(Observer observer) {
+    Handle add(Observer observer) {
         auto entry = std::make_shared<Observer>(std::move(observer));
         list_->push_back(entry);
-        return foundation::Handle([list = std::weak_ptr(list_), entry] {
+        return Handle([list = std::weak_ptr(list_), entry] {
             *entry = nullptr;
             if (const auto standing = list.lock())
                 std::erase(*standing, entry);
@@ -39,4 +39,4 @@ private:
     std::shared_ptr<List> list_ = std::make_shared<List>();
 };
 
-} // namespace playback
+} // namespace foundation

@@ -1,21 +1,22 @@
-#include "hosts/media/mpris/SessionBus.h"
+#include "hosts/bus/Bus.h"
 
+#include "platform/foundation/Log.h"
 #include "platform/foundation/RunLoop.h"
 
 #include <filesystem>
 #include <optional>
-#include <string>
+#include <utility>
 
 #include <gio/gio.h>
 
-namespace playback {
+namespace bus {
 
 namespace {
 
 constexpr double retryInterval = 3; // seconds
 
 /// Nothing when this session has no bus; asking the library instead would start one.
-std::optional<std::string> addressOfBus() {
+std::optional<std::string> addressOfSessionBus() {
     if (const char* address = g_getenv("DBUS_SESSION_BUS_ADDRESS"); address && *address)
         return address;
     const char* directory = g_getenv("XDG_RUNTIME_DIR");
@@ -28,6 +29,14 @@ std::optional<std::string> addressOfBus() {
     const std::unique_ptr<gchar, void (*)(gpointer)> escaped(g_dbus_address_escape_value(socket.c_str()),
                                                              g_free);
     return std::string("unix:path=") + escaped.get();
+}
+
+std::optional<std::string> addressOf(Bus::Kind kind) {
+    if (kind == Bus::Kind::Session)
+        return addressOfSessionBus();
+    const std::unique_ptr<gchar, void (*)(gpointer)> address(
+        g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SYSTEM, nullptr, nullptr), g_free);
+    return address ? std::optional<std::string>(address.get()) : std::nullopt;
 }
 
 /// What an answer that comes late finds: whether it is still waited for.
@@ -49,18 +58,19 @@ void finishAttempt(GObject*, GAsyncResult* result, gpointer data) {
 
 } // namespace
 
-SessionBus::SessionBus() : cancellable_(g_cancellable_new(), g_object_unref) {
+Bus::Bus(Kind kind, std::string whenAway)
+    : kind_(kind), whenAway_(std::move(whenAway)), cancellable_(g_cancellable_new(), g_object_unref) {
     connect();
 }
 
-SessionBus::~SessionBus() {
+Bus::~Bus() {
     g_cancellable_cancel(cancellable_.get());
     if (connection_)
         g_signal_handler_disconnect(connection_.get(), closedHandler_);
 }
 
-void SessionBus::connect() {
-    const auto address = addressOfBus();
+void Bus::connect() {
+    const auto address = addressOf(kind_);
     if (!address) {
         tryLater();
         return;
@@ -75,14 +85,15 @@ void SessionBus::connect() {
                                       new Attempt{cancellable_, done});
 }
 
-void SessionBus::connected(std::shared_ptr<GDBusConnection> connection) {
+void Bus::connected(std::shared_ptr<GDBusConnection> connection) {
     if (!connection || g_dbus_connection_is_closed(connection.get())) {
         tryLater();
         return;
     }
     connection_ = std::move(connection);
+    isAwaySaid_ = false;
     const auto closed = +[](GDBusConnection*, gboolean, GError*, gpointer data) {
-        auto& bus = *static_cast<SessionBus*>(data);
+        auto& bus = *static_cast<Bus*>(data);
         foundation::RunLoop::main().performOnMain([&bus, cancellable = bus.cancellable_] {
             if (!g_cancellable_is_cancelled(cancellable.get()))
                 bus.lost();
@@ -92,15 +103,17 @@ void SessionBus::connected(std::shared_ptr<GDBusConnection> connection) {
     observers_.notify();
 }
 
-void SessionBus::lost() {
+void Bus::lost() {
     g_signal_handler_disconnect(connection_.get(), closedHandler_);
     connection_.reset();
     tryLater();
     observers_.notify();
 }
 
-void SessionBus::tryLater() {
+void Bus::tryLater() {
+    if (!std::exchange(isAwaySaid_, true) && !whenAway_.empty())
+        foundation::log(whenAway_);
     retry_ = foundation::RunLoop::main().scheduleTimer(retryInterval, false, [this] { connect(); });
 }
 
-} // namespace playback
+} // namespace bus

@@ -1,25 +1,28 @@
-// The session's message bus, which may be missing, go away and come back.
+// A message bus, the session's or the system's, which may be missing, go away and come back.
 //
-// Main thread only, served by the real main loop. A bus that has gone is asked for again every few seconds.
+// Main thread only, served by the real main loop. A bus that is away is asked for again every few seconds.
 #pragma once
 
-#include "hosts/media/Observers.h"
+#include "platform/foundation/Observers.h"
 
 #include <memory>
+#include <string>
 
 typedef struct _GDBusConnection GDBusConnection;
-typedef struct _GAsyncResult GAsyncResult;
 typedef struct _GCancellable GCancellable;
 
-namespace playback {
+namespace bus {
 
-class SessionBus {
+class Bus {
 public:
-    /// Begins to connect.
-    SessionBus();
-    SessionBus(const SessionBus&) = delete;
-    SessionBus& operator=(const SessionBus&) = delete;
-    ~SessionBus();
+    enum class Kind { Session, System };
+
+    /// Begins to connect. `whenAway`, unless it is empty, is logged whenever the bus is found to be away,
+    /// once until it is back.
+    explicit Bus(Kind kind, std::string whenAway = {});
+    Bus(const Bus&) = delete;
+    Bus& operator=(const Bus&) = delete;
+    ~Bus();
 
     /// Null while there is none.
     GDBusConnection* connection() const { return connection_.get(); }
@@ -34,11 +37,14 @@ private:
     void lost();
     void tryLater();
 
+    Kind kind_;
+    std::string whenAway_;
+    bool isAwaySaid_ = false;
     std::shared_ptr<GDBusConnection> connection_;
     std::shared_ptr<GCancellable> cancellable_;
     unsigned long closedHandler_ = 0;
     foundation::Handle retry_;
-    Observers<> observers_;
+    foundation::Observers<> observers_;
 };
 
-} // namespace playback
+} // namespace bus
