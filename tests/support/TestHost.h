@@ -28,6 +28,8 @@ public:
     int doublePresses = 0;
     int displayOffs = 0;
     int huds = 0;
+    std::shared_ptr<toolkit::UIView> hudView; // of the last display
+    double hudDelay = 0;
     int launches = 0;
     std::map<std::string, std::string> displayNames{{"com.apple.Music", "Music"}}; // of what is installed
     /// Called inside the host's own launch.
@@ -48,7 +50,11 @@ public:
     bool pressHome() override { return ++homePresses > 0; }
     bool pressHomeTwice() override { return ++doublePresses > 0; }
     void displayTurnedOff() override;
-    void presentHud(const std::shared_ptr<toolkit::UIView>&, double) override { ++huds; }
+    void presentHud(const std::shared_ptr<toolkit::UIView>& view, double delay) override {
+        ++huds;
+        hudView = view;
+        hudDelay = delay;
+    }
     std::optional<std::string> displayName(const std::string& bundleIdentifier) const override {
         const auto found = displayNames.find(bundleIdentifier);
         return found == displayNames.end() ? std::nullopt : std::optional(found->second);

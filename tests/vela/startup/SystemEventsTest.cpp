@@ -157,6 +157,13 @@ TEST_F(SystemEvents, AfterASliderDragExactlyOneVolumeDisplayIsSwallowed) {
     EXPECT_EQ(host->huds, 2);
 }
 
+TEST_F(SystemEvents, AVolumeDisplayThatIsShownIsTheOneThatWasAskedFor) {
+    const auto view = std::make_shared<toolkit::UIView>();
+    homescreen::SBHUDController::sharedHUDController().presentHUDView(view, 1.25);
+    EXPECT_EQ(host->hudView, view);
+    EXPECT_EQ(host->hudDelay, 1.25);
+}
+
 TEST_F(SystemEvents, AnotherVolumeViewDoesNotTouchTheGate) {
     media::MPUMediaControlsVolumeView other;
     other._volumeSliderBeganChanging(nullptr);
