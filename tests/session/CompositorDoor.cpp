@@ -4,12 +4,17 @@ namespace tests {
 
 CompositorDoor::CompositorDoor(std::filesystem::path socket, std::set<std::string> hidden)
     : compositor_(std::move(socket)),
-      hidden_(std::move(hidden)),
       listener_(WireSocket::listenAt(place())),
+      hidden_(std::move(hidden)),
       thread_([this] { serve(); }) {}
 
 CompositorDoor::~CompositorDoor() {
     listener_.shutDown();
+}
+
+void CompositorDoor::hide(std::set<std::string> interfaces) {
+    const std::lock_guard lock(mutex_);
+    hidden_ = std::move(interfaces);
 }
 
 void CompositorDoor::tell(FilteredLine::Power power) {

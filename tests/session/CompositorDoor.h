@@ -17,6 +17,8 @@ public:
     CompositorDoor(std::filesystem::path socket, std::set<std::string> hidden);
     ~CompositorDoor();
 
+    /// What those clients do not find that come from now on.
+    void hide(std::set<std::string> interfaces);
     /// What its clients need: "WAYLAND_DISPLAY=…".
     std::string environment() const { return "WAYLAND_DISPLAY=" + place().string(); }
     /// Tells whoever watches an output's power.
@@ -28,10 +30,10 @@ private:
 
     TemporaryDirectory directory_;
     std::filesystem::path compositor_;
-    std::set<std::string> hidden_;
     WireSocket listener_;
     std::mutex mutex_;
-    std::list<FilteredLine> lines_; // under the mutex
+    std::set<std::string> hidden_;  // under the mutex,
+    std::list<FilteredLine> lines_; // as these are
     std::jthread thread_;
 };
 

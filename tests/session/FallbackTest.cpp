@@ -203,6 +203,22 @@ TEST_F(SessionFallback, SaysNothingAgainWhenTheCompositorReturns) {
     EXPECT_TRUE(waitForRest("right"));
 }
 
+TEST_F(SessionFallback, WaitsWhenACompositorWithoutALayerShellReturns) {
+    startWithout({});
+    endClient();
+    compositor().stop();
+    ASSERT_TRUE(eventually([&] { return state()["display"] == false; }));
+    door().hide({"zwlr_layer_shell_v1"});
+    ASSERT_TRUE(compositor().start());
+    EXPECT_TRUE(eventually([&] { return timesSaid("no layer shell") == 1; })) << log();
+    EXPECT_FALSE(request("Show", "right"));
+    door().hide({});
+    EXPECT_TRUE(eventually([&] { return timesSaid("the compositor is back") == 1; })) << log();
+    EXPECT_EQ(timesSaid("no layer shell"), 1u) << log();
+    EXPECT_TRUE(eventually([&] { return request("Show", "right"); }));
+    EXPECT_TRUE(waitForDimming(true));
+}
+
 /// Where the panels cannot be shown at all.
 class SessionRefusal : public SessionTest {
 protected:
