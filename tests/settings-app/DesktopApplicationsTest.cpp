@@ -62,6 +62,16 @@ TEST_F(DesktopApplicationsTest, LeavesOutWhatHasNoIconOfItsOwn) {
     EXPECT_THAT(list(), HasSubstr("org.example.Game"));
 }
 
+TEST_F(DesktopApplicationsTest, LeavesOutWhatIsCalledLikeASetting) {
+    install("Enable", "Icon=game\n");
+    install("Enabled", "Icon=game\n");
+    EXPECT_THAT(list(), testing::ContainsRegex("Enabled +\\(on, off\\)"));
+    start({"--applications", "desktop"});
+    openPage({"Configuration", "Disable for apps"});
+    EXPECT_TRUE(find("check box", "Enabled"));
+    EXPECT_FALSE(has("check box", "Enable"));
+}
+
 TEST_F(DesktopApplicationsTest, SetsWhatTheSessionReads) {
     install("org.example.Game", "Icon=game\n");
     EXPECT_EQ(shell({"--applications=desktop", "--set", "org.example.Game", "on"}).exitCode, 0);

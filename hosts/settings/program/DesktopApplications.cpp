@@ -1,6 +1,7 @@
 #include "hosts/settings/program/DesktopApplications.h"
 
 #include "hosts/applications/ApplicationCatalogue.h"
+#include "platform/foundation/FileManager.h"
 #include "platform/toolkit/windows/UIScreen.h"
 
 namespace settings {
@@ -9,13 +10,19 @@ namespace {
 
 /// By this name the theme has what stands for a program without an icon of its own.
 constexpr const char* genericIcon = "application-x-executable";
+/// Holds every setting that is no application's.
+constexpr const char* defaultsPath = "/Library/Application Support/Vela/default.plist";
 
 } // namespace
 
 std::map<std::string, std::string> DesktopApplications::names() {
     listed_.clear();
+    const auto settings = foundation::FileManager::shared().readDictionary(defaultsPath);
     std::map<std::string, std::string> names;
     for (auto& entry : entries_.listed()) {
+        // Its switch would be that of the setting of the same name.
+        if (settings && settings->contains(entry.identifier))
+            continue;
         names[entry.identifier] = entry.name;
         listed_[entry.identifier] = std::move(entry);
     }
