@@ -142,7 +142,7 @@ void RunningSession::reconnect() {
 /// it does not expect that of a screen that has not turned, and whoever is on the panel is to hear of it.
 void RunningSession::screenIsResizing(bool turning) {
     if (screen_)
-        screen_->fingersCancelled();
+        screen_->cancelAllFingers();
     if (!turning)
         panels_.dismiss();
 }

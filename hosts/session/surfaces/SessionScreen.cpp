@@ -8,6 +8,7 @@
 #include "platform/toolkit/windows/WindowServer.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace session {
 
@@ -26,6 +27,13 @@ constexpr double captureLife = 0.2; // seconds
 /// How long a frame waits for a finger's next movement, which it would be too late for otherwise; seconds.
 /// The rest of the frame's time must do for painting.
 constexpr double patience = 0.006;
+
+/// A finger that has gone so far is on its way; one that rests at the edge leaves the screen to others.
+constexpr double coverDistance = 4; // points
+
+double distance(Point a, Point b) {
+    return std::hypot(a.x - b.x, a.y - b.y);
+}
 
 bool canBeTold(const SeparateWindow& shown) {
     const auto& look = shown.picture->look();
@@ -52,13 +60,16 @@ SessionScreen::SessionScreen(Connection& connection, Callbacks callbacks)
 
 SessionScreen::~SessionScreen() {
     connection_.globals().setSeatOffered({});
-    fingersCancelled();
+    cancelAllFingers();
 }
 
 /// Some compositors have no seat before there is something to touch or type with.
 void SessionScreen::takeSeat() {
-    if (auto seat = connection_.globals().bindSeat())
-        seat_ = std::make_unique<Seat>(std::move(seat), *this);
+    auto seat = connection_.globals().bindSeat();
+    if (!seat)
+        return;
+    cancelAllFingers(); // those of the former seat
+    seat_ = std::make_unique<Seat>(std::move(seat), *this);
 }
 
 // ---- Output
@@ -67,6 +78,7 @@ void SessionScreen::setOutput(const Output* output) {
     if (output != output_) {
         takeDownStage();
         takeDownStrips();
+        takeDownCover();
     }
     output_ = output;
     due_ = true;
@@ -80,6 +92,7 @@ void SessionScreen::setWithheld(bool withheld) {
     if (withheld) {
         takeDownStage();
         takeDownStrips();
+        takeDownCover();
         connection_.flush();
     }
 }
@@ -198,6 +211,9 @@ void SessionScreen::takeDownStage() {
     if (!stage_)
         return;
     cancelFingersOn(stage_->surface());
+    // What is typed into goes with it, and would take text out of sight the next time.
+    if (auto* input = toolkit::TextInput::current())
+        input->resignFirstResponder();
     stage_.reset();
     glass_.clear();
     captured_.reset();
@@ -231,7 +247,7 @@ void SessionScreen::useKeyboard(const Windows& windows) {
 // ---- Fingers and keys
 
 std::optional<Point> SessionScreen::originOf(wl_surface* surface) const {
-    if (stage_ && stage_->surface() == surface)
+    if ((stage_ && stage_->surface() == surface) || (cover_ && cover_->surface() == surface))
         return Point{0, 0};
     for (const auto& [id, strip] : strips_)
         if (strip.surface->surface() == surface)
@@ -250,8 +266,9 @@ void SessionScreen::fingerDown(std::int64_t finger, wl_surface* surface, Point p
     const double seconds = timeOf(time, fingers_.empty());
     if (!stage_)
         capture(); // which a pan is about to need, and has no time for
-    fingers_[finger] = {surface, *origin};
-    TouchDispatcher::shared().touchDown(finger, {point.x + origin->x, point.y + origin->y}, seconds);
+    const Point place{point.x + origin->x, point.y + origin->y};
+    fingers_[finger] = {surface, *origin, place, place};
+    TouchDispatcher::shared().touchDown(finger, place, seconds);
 }
 
 void SessionScreen::fingerMoved(std::int64_t finger, Point point, std::uint32_t time) {
@@ -259,46 +276,112 @@ void SessionScreen::fingerMoved(std::int64_t finger, Point point, std::uint32_t 
     if (found == fingers_.end())
         return;
     fingerAwaited_.reset();
-    const Point origin = found->second.origin;
-    TouchDispatcher::shared().touchMove(finger, {point.x + origin.x, point.y + origin.y},
-                                        timeOf(time, false));
+    Finger& moved = found->second;
+    if (finger == pointerFinger) {
+        moved.last = {point.x + moved.origin.x, point.y + moved.origin.y};
+    } else {
+        moved.last = read(moved, point);
+        if (distance(moved.last, moved.start) >= coverDistance)
+            putUpCover();
+    }
+    TouchDispatcher::shared().touchMove(finger, moved.last, timeOf(time, false));
+}
+
+/// A point of the finger's own surface, of one that covers the screen, or of a strip.
+Point SessionScreen::read(const Finger& finger, Point point) const {
+    Point nearest{point.x + finger.origin.x, point.y + finger.origin.y};
+    const auto consider = [&](Point place) {
+        if (distance(place, finger.last) < distance(nearest, finger.last))
+            nearest = place;
+    };
+    consider(point);
+    for (const auto& [id, strip] : strips_) {
+        const toolkit::Rect frame = strip.frame.rect();
+        const Point place{point.x + frame.x, point.y + frame.y};
+        if (frame.contains(place))
+            consider(place);
+    }
+    return nearest;
 }
 
 void SessionScreen::fingerUp(std::int64_t finger, std::uint32_t time) {
     if (fingers_.erase(finger) == 0)
         return;
-    due_ = true; // the keyboard waits for the last finger
-    fingerAwaited_.reset();
+    noteFingerGone();
     TouchDispatcher::shared().touchUp(finger, timeOf(time, false));
 }
 
-void SessionScreen::fingersCancelled() {
-    for (const auto& [finger, touched] : std::exchange(fingers_, {}))
-        TouchDispatcher::shared().touchCancel(finger, now());
+void SessionScreen::fingerCancelled(std::int64_t finger) {
+    if (fingers_.erase(finger) == 0)
+        return;
+    noteFingerGone();
+    TouchDispatcher::shared().touchCancel(finger, now());
 }
 
-void SessionScreen::cancelFingersOn(wl_surface* surface) {
-    for (auto finger = fingers_.begin(); finger != fingers_.end();) {
-        if (finger->second.surface != surface) {
-            ++finger;
-            continue;
-        }
-        const std::int64_t identifier = finger->first;
-        finger = fingers_.erase(finger);
-        TouchDispatcher::shared().touchCancel(identifier, now());
-    }
+void SessionScreen::noteFingerGone() {
+    due_ = true; // the keyboard waits for the last finger
+    fingerAwaited_.reset();
+    if (fingers_.empty())
+        takeDownCover();
+}
+
+void SessionScreen::cancelFingers(const std::function<bool(wl_surface*)>& isOn) {
+    std::vector<std::int64_t> cancelled;
+    for (const auto& [finger, touched] : fingers_)
+        if (isOn(touched.surface))
+            cancelled.push_back(finger);
+    for (const std::int64_t finger : cancelled)
+        fingerCancelled(finger);
+}
+
+void SessionScreen::cancelAllFingers() {
+    cancelFingers([](wl_surface*) { return true; });
+}
+
+void SessionScreen::cancelFingersOn(const wl_surface* surface) {
+    cancelFingers([surface](wl_surface* touched) { return touched == surface; });
+}
+
+void SessionScreen::putUpCover() {
+    if (cover_ || !output_)
+        return;
+    const PointRect screen = PointRect::around(UIScreen::mainScreen().bounds());
+    cover_ = std::make_unique<LayerSurface>(
+        connection_.globals(), pixels_, *output_, "vela-touch", [this] { cover_->commit(); },
+        [this] {
+            // Later, for the cover itself is calling.
+            foundation::RunLoop::main().performOnMain([self = std::weak_ptr(alive_), this] {
+                if (!self.expired())
+                    takeDownCover();
+            });
+        });
+    cover_->place(screen);
+    cover_->setTouchable({screen});
+    cover_->commit();
+    connection_.flush();
+}
+
+void SessionScreen::takeDownCover() {
+    // Out of the way first: with the last finger on it this is called again.
+    if (const auto cover = std::move(cover_))
+        cancelFingersOn(cover->surface());
 }
 
 void SessionScreen::keyPressed(Key key, const std::string& text) {
-    if (key == Key::Escape)
-        return callbacks_.escapePressed();
     toolkit::TextInput* input = toolkit::TextInput::current();
-    if (!input)
+    if (!input) {
+        if (key == Key::Escape)
+            callbacks_.escapePressed();
         return;
-    if (key == Key::Backspace)
-        input->deleteBackward();
-    else
-        input->insertText(text);
+    }
+    switch (key) {
+    case Key::Escape:
+        return input->resignFirstResponder(); // as the phone's keyboard does when it is put away
+    case Key::Backspace:
+        return input->deleteBackward();
+    case Key::Text:
+        return input->insertText(text);
+    }
 }
 
 } // namespace session

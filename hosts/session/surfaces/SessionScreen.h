@@ -4,6 +4,10 @@
 // As soon as a window can be seen, the stage is put up, over a picture of the screen taken beforehand for its
 // glass; when none can be seen any more it goes, and with it all memory that it needed. Nothing is drawn but
 // what changed, no faster than the compositor shows it. Main thread only.
+//
+// Some compositors give the place of a moving finger on whichever surface lies beneath it, rather than on the
+// one that it went down on, and none where nothing lies. So a clear cover is laid over the screen while a
+// finger moves, and a place is read in the way that brings it nearer to the last one.
 #pragma once
 
 #include "hosts/session/surfaces/Stage.h"
@@ -36,6 +40,8 @@ public:
     const Output* output() const { return output_; }
     /// While withheld nothing of the product is shown or touched.
     void setWithheld(bool withheld);
+    /// Whatever they were doing comes to nothing.
+    void cancelAllFingers();
     bool isStageUp() const { return stage_ != nullptr; }
     /// What the output shows now, in the size that glass has; null when it cannot be told.
     std::shared_ptr<const toolkit::Image> capture();
@@ -44,7 +50,7 @@ public:
                     std::uint32_t time) override;
     void fingerMoved(std::int64_t finger, toolkit::Point point, std::uint32_t time) override;
     void fingerUp(std::int64_t finger, std::uint32_t time) override;
-    void fingersCancelled() override;
+    void fingerCancelled(std::int64_t finger) override;
     void keyPressed(Key key, const std::string& text) override;
 
 private:
@@ -66,7 +72,11 @@ private:
     void useKeyboard(const Windows& windows);
     void takeSeat();
     std::optional<toolkit::Point> originOf(wl_surface* surface) const;
-    void cancelFingersOn(wl_surface* surface);
+    void cancelFingers(const std::function<bool(wl_surface*)>& isOn);
+    void cancelFingersOn(const wl_surface* surface);
+    void noteFingerGone();
+    void putUpCover();
+    void takeDownCover();
     double timeOf(std::uint32_t milliseconds, bool isFirst);
 
     Connection& connection_;
@@ -85,10 +95,14 @@ private:
     EventClock clock_;
     struct Finger {
         wl_surface* surface;
-        toolkit::Point origin;
+        toolkit::Point origin; // of the surface; the others are on the screen, too
+        toolkit::Point start;
+        toolkit::Point last;
     };
+    toolkit::Point read(const Finger& finger, toolkit::Point point) const;
     std::map<std::int64_t, Finger> fingers_;
-    foundation::Handle fingerAwaited_;                           // for a moment, by the frame that is due
+    foundation::Handle fingerAwaited_; // for a moment, by the frame that is due
+    std::unique_ptr<LayerSurface> cover_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true); // for blocks that come later
     foundation::Handle commitHook_;
 };

@@ -14,6 +14,10 @@ namespace session {
 
 enum class Key { Text, Escape, Backspace };
 
+/// The pointer's button is a finger of its own, beside those of the touch screen, which count from 0 and
+/// never come as far.
+constexpr std::int64_t pointerFinger = 1'000'000'000;
+
 class InputReceiver {
 public:
     virtual ~InputReceiver() = default;
@@ -22,9 +26,10 @@ public:
                             std::uint32_t time) = 0;
     virtual void fingerMoved(std::int64_t finger, toolkit::Point point, std::uint32_t time) = 0;
     virtual void fingerUp(std::int64_t finger, std::uint32_t time) = 0;
-    /// The compositor takes all fingers for itself.
-    virtual void fingersCancelled() = 0;
-    /// `text` is what the key types, of a text key.
+    /// The compositor takes the finger for itself, or what it was on has gone.
+    virtual void fingerCancelled(std::int64_t finger) = 0;
+    /// Called when a key goes down, and again and again while it is held. `text` is what it types, of a text
+    /// key.
     virtual void keyPressed(Key key, const std::string& text) = 0;
 };
 

@@ -1,5 +1,7 @@
 #include "hosts/session/wayland/Keymap.h"
 
+#include <algorithm>
+
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -55,8 +57,21 @@ void Keymap::setModifiers(std::uint32_t depressed, std::uint32_t latched, std::u
         xkb_state_update_mask(state_.get(), depressed, latched, locked, 0, 0, group);
 }
 
+bool Keymap::repeats(std::uint32_t keyNumber) const {
+    return keymap_ && xkb_keymap_key_repeats(keymap_.get(), keyNumber + kernelOffset) != 0;
+}
+
+/// With these held a key is a command to somebody, never text.
+bool Keymap::isCommanding() const {
+    const auto isHeld = [this](const char* modifier) {
+        return xkb_state_mod_name_is_active(state_.get(), modifier, XKB_STATE_MODS_EFFECTIVE) > 0;
+    };
+    return std::ranges::any_of(std::initializer_list{XKB_MOD_NAME_CTRL, XKB_MOD_NAME_ALT, XKB_MOD_NAME_LOGO},
+                               isHeld);
+}
+
 std::optional<Keymap::Stroke> Keymap::stroke(std::uint32_t keyNumber) const {
-    if (!state_)
+    if (!state_ || isCommanding())
         return std::nullopt;
     const xkb_keycode_t code = keyNumber + kernelOffset;
     switch (xkb_state_key_get_one_sym(state_.get(), code)) {

@@ -29,10 +29,14 @@ public:
         std::string text; // UTF-8
     };
     /// What pressing the key of that number (as the kernel counts them) means; nothing for a key that types
-    /// nothing.
+    /// nothing, and for every key while Control, Alt or the logo key is held.
     std::optional<Stroke> stroke(std::uint32_t keyNumber) const;
+    /// Whether it strikes again while it is held.
+    bool repeats(std::uint32_t keyNumber) const;
 
 private:
+    bool isCommanding() const;
+
     struct Release {
         void operator()(xkb_context* object) const;
         void operator()(xkb_keymap* object) const;

@@ -11,10 +11,6 @@ namespace session {
 
 namespace {
 
-/// The pointer's button is a finger of its own, beside those of the touch screen, which count from 0 and
-/// never come as far.
-constexpr std::int64_t pointerFinger = 1'000'000'000;
-
 toolkit::Point pointOf(wl_fixed_t x, wl_fixed_t y) {
     return {wl_fixed_to_double(x), wl_fixed_to_double(y)};
 }
@@ -33,10 +29,12 @@ struct Seat::Listener {
     // Pointer. Without a cursor of its own the surface keeps the one that was there.
     static void entered(void* data, wl_pointer*, std::uint32_t, wl_surface* surface, wl_fixed_t x,
                         wl_fixed_t y) {
+        self(data).cancelButton();
         self(data).pointerSurface_ = surface;
         self(data).pointerPoint_ = pointOf(x, y);
     }
     static void left(void* data, wl_pointer*, std::uint32_t, wl_surface*) {
+        self(data).cancelButton();
         self(data).pointerSurface_ = nullptr;
     }
     static void moved(void* data, wl_pointer*, std::uint32_t time, wl_fixed_t x, wl_fixed_t y) {
@@ -77,9 +75,11 @@ struct Seat::Listener {
     // Touch screen.
     static void down(void* data, wl_touch*, std::uint32_t, std::uint32_t time, wl_surface* surface,
                      std::int32_t id, wl_fixed_t x, wl_fixed_t y) {
+        self(data).touches_.insert(id);
         self(data).receiver_.fingerDown(id, surface, pointOf(x, y), time);
     }
     static void up(void* data, wl_touch*, std::uint32_t, std::uint32_t time, std::int32_t id) {
+        self(data).touches_.erase(id);
         self(data).receiver_.fingerUp(id, time);
     }
     static void motion(void* data, wl_touch*, std::uint32_t time, std::int32_t id, wl_fixed_t x,
@@ -87,7 +87,7 @@ struct Seat::Listener {
         self(data).receiver_.fingerMoved(id, pointOf(x, y), time);
     }
     static void touchFrame(void*, wl_touch*) {}
-    static void cancel(void* data, wl_touch*) { self(data).receiver_.fingersCancelled(); }
+    static void cancel(void* data, wl_touch*) { self(data).cancelTouches(); }
     static void shape(void*, wl_touch*, std::int32_t, wl_fixed_t, wl_fixed_t) {}
     static void orientation(void*, wl_touch*, std::int32_t, wl_fixed_t) {}
     static constexpr wl_touch_listener touch{down, up, motion, touchFrame, cancel, shape, orientation};
@@ -100,19 +100,21 @@ struct Seat::Listener {
             close(file);
     }
     static void focused(void*, wl_keyboard*, std::uint32_t, wl_surface*, wl_array*) {}
-    static void unfocused(void*, wl_keyboard*, std::uint32_t, wl_surface*) {}
+    static void unfocused(void* data, wl_keyboard*, std::uint32_t, wl_surface*) { self(data).repeat_.stop(); }
     static void key(void* data, wl_keyboard*, std::uint32_t, std::uint32_t, std::uint32_t number,
                     std::uint32_t state) {
-        if (state != WL_KEYBOARD_KEY_STATE_PRESSED)
-            return;
-        if (const auto stroke = self(data).keymap_.stroke(number))
-            self(data).receiver_.keyPressed(stroke->key, stroke->text);
+        if (state == WL_KEYBOARD_KEY_STATE_PRESSED)
+            self(data).keyDown(number);
+        else
+            self(data).repeat_.release(number);
     }
     static void modifiers(void* data, wl_keyboard*, std::uint32_t, std::uint32_t depressed,
                           std::uint32_t latched, std::uint32_t locked, std::uint32_t group) {
         self(data).keymap_.setModifiers(depressed, latched, locked, group);
     }
-    static void repeat(void*, wl_keyboard*, std::int32_t, std::int32_t) {}
+    static void repeat(void* data, wl_keyboard*, std::int32_t rate, std::int32_t delay) {
+        self(data).repeat_.setPace(rate, delay / 1000.0);
+    }
     static constexpr wl_keyboard_listener keyboard{keymap, focused, unfocused, key, modifiers, repeat};
 };
 
@@ -138,6 +140,41 @@ void Seat::takeCapabilities(std::uint32_t capabilities) {
     take(WL_SEAT_CAPABILITY_TOUCH, touch_, wl_seat_get_touch, Listener::touch, wl_touch_add_listener);
     take(WL_SEAT_CAPABILITY_KEYBOARD, keyboard_, wl_seat_get_keyboard, Listener::keyboard,
          wl_keyboard_add_listener);
+    // What a device was doing when it went nobody will tell the end of.
+    if (!pointer_)
+        cancelButton();
+    if (!touch_)
+        cancelTouches();
+    if (!keyboard_)
+        repeat_.stop();
+}
+
+void Seat::cancelTouches() {
+    for (const std::int32_t finger : std::exchange(touches_, {}))
+        receiver_.fingerCancelled(finger);
+}
+
+/// While the button is held the pointer stays where it was pressed, unless that is gone.
+void Seat::cancelButton() {
+    if (std::exchange(buttonDown_, false))
+        receiver_.fingerCancelled(pointerFinger);
+}
+
+void Seat::keyDown(std::uint32_t number) {
+    const auto stroke = strike(number);
+    if (!keymap_.repeats(number))
+        return; // a modifier leaves the held key alone
+    if (stroke && stroke->key != Key::Escape)
+        repeat_.start(number);
+    else
+        repeat_.stop();
+}
+
+std::optional<Keymap::Stroke> Seat::strike(std::uint32_t number) {
+    auto stroke = keymap_.stroke(number);
+    if (stroke)
+        receiver_.keyPressed(stroke->key, stroke->text);
+    return stroke;
 }
 
 } // namespace session

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "hosts/session/wayland/InputReceiver.h"
+#include "hosts/session/wayland/KeyRepeat.h"
 #include "hosts/session/wayland/Keymap.h"
 #include "hosts/session/wayland/Proxy.h"
+
+#include <set>
 
 namespace session {
 
@@ -19,6 +22,10 @@ private:
     struct Listener;
     friend struct Listener;
     void takeCapabilities(std::uint32_t capabilities);
+    void cancelTouches();
+    void cancelButton();
+    void keyDown(std::uint32_t number);
+    std::optional<Keymap::Stroke> strike(std::uint32_t number);
 
     Proxy<wl_seat> seat_;
     InputReceiver& receiver_;
@@ -26,6 +33,8 @@ private:
     Proxy<wl_touch> touch_;
     Proxy<wl_keyboard> keyboard_;
     Keymap keymap_;
+    KeyRepeat repeat_{[this](std::uint32_t key) { strike(key); }};
+    std::set<std::int32_t> touches_; // the fingers on the touch screen
     wl_surface* pointerSurface_ = nullptr;
     toolkit::Point pointerPoint_;
     bool buttonDown_ = false;
