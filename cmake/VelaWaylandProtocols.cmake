@@ -30,3 +30,14 @@ function(vela_wayland_protocols name)
     target_include_directories(${name} SYSTEM PUBLIC ${folder})
     target_link_libraries(${name} PUBLIC PkgConfig::WAYLAND)
 endfunction()
+
+# vela_wayland_server_headers(NAME descriptions…): adds what a compositor includes to protocols made by the above.
+function(vela_wayland_server_headers name)
+    foreach(description ${ARGN})
+        get_filename_component(protocol ${description} NAME_WE)
+        set(header ${CMAKE_CURRENT_BINARY_DIR}/protocols/${protocol}-server-protocol.h)
+        add_custom_command(OUTPUT ${header} DEPENDS ${description} VERBATIM
+                           COMMAND ${WAYLAND_SCANNER} server-header ${description} ${header})
+        target_sources(${name} PRIVATE ${header})
+    endforeach()
+endfunction()

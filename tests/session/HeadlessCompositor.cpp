@@ -24,19 +24,23 @@ HeadlessCompositor::HeadlessCompositor(Screen screen, Kind kind) : screen_(std::
     fs::permissions(directory_.path(), fs::perms::owner_all);
     if (isRoot() && chown(directory_.path().c_str(), nobody, nobody) != 0)
         return;
+    if (screen_.hasTouch) {
+        screen_.parent = directory_.path() / "parent";
+        parent_ = std::make_unique<ParentCompositor>(screen_.parent, screen_.width, screen_.height);
+    }
     writeConfiguration();
     start();
 }
 
 void HeadlessCompositor::writeConfiguration() const {
     const std::string mode = std::to_string(screen_.width) + "x" + std::to_string(screen_.height);
+    const std::string output = screen_.parent.empty() ? "HEADLESS-1" : "WL-1";
     std::ofstream sway(directory_.path() / "sway.conf");
-    sway << "output " << (screen_.parent.empty() ? "HEADLESS-1" : "WL-1") << " mode " << mode
-         << " position 0 0 scale " << screen_.scale << " transform " << screen_.transform
-         << " bg #336699 solid_color\n"
+    sway << "output " << output << " mode " << mode << " position 0 0 scale " << screen_.scale
+         << " transform " << screen_.transform << " bg #336699 solid_color\n"
          << "default_border none\nfocus_follows_mouse no\nxwayland disable\n";
     std::ofstream phoc(directory_.path() / "phoc.ini");
-    phoc << "[core]\nxwayland=false\n[output:HEADLESS-1]\nmode=" << mode << "\nscale=" << screen_.scale
+    phoc << "[core]\nxwayland=false\n[output:" << output << "]\nmode=" << mode << "\nscale=" << screen_.scale
          << "\nrotate=" << screen_.transform << "\n";
 }
 
@@ -68,10 +72,21 @@ bool HeadlessCompositor::start() {
     fs::remove(socket().native() + ".lock", error);
     process_ = std::make_unique<support::BackgroundProcess>(commandLine(), variables());
     // Once a picture can be taken the output stands.
-    started_ = process_->started() && eventually([&] {
-                   return fs::exists(socket()) && takePicture(directory_.path() / "first.png");
-               });
+    started_ =
+        process_->started() &&
+        eventually([&] { return fs::exists(socket()) && takePicture(directory_.path() / "first.png"); }) &&
+        (!parent_ || plugInTouch());
     return started_;
+}
+
+/// Not before the compositor stands: it takes no touch screen that was there earlier.
+bool HeadlessCompositor::plugInTouch() {
+    parent_->perform([](ParentSeat& seat) { seat.plugIn(); });
+    return eventually([&] {
+        bool heard = false;
+        parent_->perform([&](ParentSeat& seat) { heard = seat.isHeard(); });
+        return heard;
+    });
 }
 
 void HeadlessCompositor::stop() {

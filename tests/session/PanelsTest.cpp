@@ -78,24 +78,6 @@ TEST_F(SessionPanels, ThePanelFollowsTheFinger) {
     release();
 }
 
-/// The fields of a window that a hand's doing decides.
-nlohmann::json decided(const nlohmann::json& window) {
-    nlohmann::json result;
-    for (const char* field : {"class", "frame", "bounds", "hidden", "alpha", "level"})
-        result[field] = window[field];
-    if (window["properties"].contains("showed"))
-        result["showed"] = window["properties"]["showed"];
-    return result;
-}
-
-nlohmann::json productWindows(const nlohmann::json& state) {
-    nlohmann::json result;
-    for (const char* cls :
-         {"darkingWindow", "leftController", "rightController", "leftWindowGrabber", "rightWindowGrabber"})
-        result.push_back(decided(PhoneRun::window(state, cls)));
-    return result;
-}
-
 TEST_F(SessionPanels, FramesAndFlagsAreThePhonesForTheSameScript) {
     // Each step is a whole number of points: the protocol rounds to 256ths.
     const PhoneRun phone("wait 1\n"

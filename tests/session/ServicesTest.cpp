@@ -35,6 +35,26 @@ TEST_F(SessionServices, TheGrabbersTakeNothingFromALockedSession) {
     EXPECT_TRUE(eventually([&] { return client().presses() == std::vector<std::string>{"5,300"}; }));
 }
 
+TEST_F(SessionServices, APressThatTheLockEndedDoesNotCostTheNextOne) {
+    startLogin();
+    start();
+    press(374, 300);
+    setLockedHint(true);
+    ASSERT_TRUE(waitForLocked(true));
+    release();
+    setLockedHint(false);
+    ASSERT_TRUE(waitForLocked(false));
+    // Until the strips are there again.
+    ASSERT_TRUE(eventually([&] { return request("Show", "right"); }));
+    ASSERT_TRUE(waitForRest("right"));
+    ASSERT_TRUE(request("Dismiss"));
+    ASSERT_TRUE(waitForRest(""));
+    press(374, 300);
+    dragTo(60, 300, 0.4);
+    release();
+    EXPECT_TRUE(waitForRest("right"));
+}
+
 TEST_F(SessionServices, TheLoginManagersSignalsLockAndUnlock) {
     startLogin();
     start();

@@ -1,5 +1,7 @@
 #include "tests/session/SessionTest.h"
 
+#include "tests/support/PhoneRun.h"
+
 #include <chrono>
 #include <cmath>
 #include <fstream>
@@ -12,6 +14,7 @@ namespace {
 constexpr const char* service = "org.lanternhub.vela3";
 constexpr const char* object = "/org/lanternhub/vela3";
 constexpr double frame = 1000.0 / 60; // milliseconds
+constexpr double screenScale = 2;     // of a screen with touch
 
 /// The clock of the compositor's events.
 double milliseconds() {
@@ -23,6 +26,16 @@ unsigned eventTimeOf(double time) {
     return static_cast<unsigned>(static_cast<unsigned long long>(time));
 }
 
+/// The fields of a window that a hand's doing decides.
+nlohmann::json decided(const nlohmann::json& window) {
+    nlohmann::json result;
+    for (const char* field : {"class", "frame", "bounds", "hidden", "alpha", "level"})
+        result[field] = window[field];
+    if (window["properties"].contains("showed"))
+        result["showed"] = window["properties"]["showed"];
+    return result;
+}
+
 } // namespace
 
 void SessionTest::startCompositor(HeadlessCompositor::Screen screen, HeadlessCompositor::Kind kind) {
@@ -32,9 +45,9 @@ void SessionTest::startCompositor(HeadlessCompositor::Screen screen, HeadlessCom
         client(); // a pointer that the host finds there; the other one lets nobody have one
 }
 
-void SessionTest::start(HeadlessCompositor::Screen screen, HeadlessCompositor::Kind kind) {
+void SessionTest::start(HeadlessCompositor::Screen screen, HeadlessCompositor::Kind kind, HostLog log) {
     startCompositor(std::move(screen), kind);
-    startHost();
+    startHost({"--no-supervisor"}, log);
 }
 
 void SessionTest::hideFromHost(std::set<std::string> interfaces) {
@@ -82,6 +95,14 @@ nlohmann::json SessionTest::state() {
     auto state = nlohmann::json::parse(text);
     g_variant_unref(answer);
     return state;
+}
+
+nlohmann::json SessionTest::productWindows(const nlohmann::json& state) {
+    nlohmann::json result;
+    for (const char* cls :
+         {"darkingWindow", "leftController", "rightController", "leftWindowGrabber", "rightWindowGrabber"})
+        result.push_back(decided(PhoneRun::window(state, cls)));
+    return result;
 }
 
 nlohmann::json SessionTest::window(const std::string& cls) {
@@ -175,6 +196,45 @@ void SessionTest::startMock(std::vector<std::string> arguments, const std::strin
 void SessionTest::take(GVariant* answer) {
     ASSERT_NE(answer, nullptr) << bus_.lastError();
     g_variant_unref(answer);
+}
+
+void SessionTest::putFinger(int finger, double x, double y) {
+    if (fingers_.empty())
+        eventTime_ = milliseconds();
+    fingers_[finger] = {x, y};
+    compositor_->parent().perform([&](ParentSeat& seat) {
+        seat.down(finger, x * screenScale, y * screenScale, eventTimeOf(eventTime_));
+    });
+}
+
+void SessionTest::moveFinger(int finger, double x, double y, double seconds) {
+    const int steps = std::max(1, static_cast<int>(std::lround(seconds * 1000 / frame)));
+    const double startTime = eventTime_;
+    const auto [startX, startY] = fingers_.at(finger);
+    for (int i = 1; i <= steps; ++i) {
+        const double part = static_cast<double>(i) / steps;
+        fingers_[finger] = {startX + (x - startX) * part, startY + (y - startY) * part};
+        eventTime_ = startTime + seconds * 1000 * part;
+        compositor_->parent().perform([&](ParentSeat& seat) {
+            seat.motion(finger, fingers_[finger].first * screenScale, fingers_[finger].second * screenScale,
+                        eventTimeOf(eventTime_));
+        });
+    }
+}
+
+void SessionTest::liftFinger(int finger) {
+    fingers_.erase(finger);
+    compositor_->parent().perform([&](ParentSeat& seat) { seat.up(finger, eventTimeOf(eventTime_)); });
+}
+
+void SessionTest::touchTap(double x, double y) {
+    putFinger(0, x, y);
+    liftFinger(0);
+}
+
+void SessionTest::strike(unsigned key) {
+    client().pressKey(key);
+    client().releaseKey(key);
 }
 
 std::string SessionTest::pixel(int x, int y) {

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -20,9 +21,10 @@ protected:
     static constexpr int screenWidth = 375; // points
     static constexpr int screenHeight = 667;
 
+    enum class HostLog { None, Words, Protocol };
     /// Starts compositor and host; points as on the phone unless told otherwise.
     void start(HeadlessCompositor::Screen screen = {},
-               HeadlessCompositor::Kind kind = HeadlessCompositor::Kind::Sway);
+               HeadlessCompositor::Kind kind = HeadlessCompositor::Kind::Sway, HostLog log = HostLog::None);
     void startCompositor(HeadlessCompositor::Screen screen = {},
                          HeadlessCompositor::Kind kind = HeadlessCompositor::Kind::Sway);
     /// Keeps globals of the compositor from hosts that are started from now on; names of interfaces.
@@ -30,7 +32,6 @@ protected:
     /// What such a host goes through.
     CompositorDoor& door() { return *door_; }
     /// Starts the host, in the compositor and on the bus that are there.
-    enum class HostLog { None, Words, Protocol };
     void startHost(const std::vector<std::string>& arguments = {"--no-supervisor"},
                    HostLog log = HostLog::None);
     /// Of hosts that are started from now on; empty for one that belongs to no session.
@@ -50,6 +51,8 @@ protected:
 
     /// What the host says of itself; null when it does not answer.
     nlohmann::json state();
+    /// The fields of the product's windows that a hand's doing decides.
+    static nlohmann::json productWindows(const nlohmann::json& state);
     /// Null as well when it does not answer; throws when there is no such window.
     nlohmann::json window(const std::string& cls);
     std::string shown();
@@ -72,6 +75,15 @@ protected:
     /// Expects an answer, and lets go of it.
     void take(GVariant* answer);
 
+    /// Real fingers, on a screen that has touch. Event time begins with each finger on an untouched screen
+    /// and goes on as the moves say. Points.
+    void putFinger(int finger, double x, double y);
+    void moveFinger(int finger, double x, double y, double seconds);
+    void liftFinger(int finger);
+    void touchTap(double x, double y);
+    /// A key pressed and let go of.
+    void strike(unsigned key);
+
     /// A pixel of what the screen shows, in pixels: "#rrggbb".
     std::string pixel(int x, int y);
     std::string root() const { return directory_.path() / "root"; }
@@ -90,7 +102,8 @@ private:
     std::unique_ptr<support::BackgroundProcess> host_;
     std::string loginSession_ = "c1";
     double pointerX_ = 0, pointerY_ = 0;
-    double eventTime_ = 0; // milliseconds
+    std::map<int, std::pair<double, double>> fingers_; // those on the screen, and where
+    double eventTime_ = 0;                             // milliseconds
 };
 
 } // namespace tests

@@ -1,11 +1,13 @@
 #include "tests/session/TestClient.h"
 
 #include "tests/session/Patience.h"
+#include "tests/session/VirtualKeyboard.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <stdexcept>
 
 #include <linux/input-event-codes.h>
@@ -14,6 +16,7 @@
 
 #include <wayland-client.h>
 
+#include "virtual-keyboard-unstable-v1-client-protocol.h"
 #include "wlr-virtual-pointer-unstable-v1-client-protocol.h"
 #include "xdg-shell-client-protocol.h"
 
@@ -26,8 +29,12 @@ struct TestClient::State {
     wl_seat* seat = nullptr;
     xdg_wm_base* shell = nullptr;
     zwlr_virtual_pointer_manager_v1* pointers = nullptr;
+    zwp_virtual_keyboard_manager_v1* keyboards = nullptr;
     zwlr_virtual_pointer_v1* hand = nullptr;
+    std::optional<VirtualKeyboard> virtualKeyboard;
     wl_pointer* pointer = nullptr;
+    wl_touch* touch = nullptr;
+    wl_keyboard* keyboard = nullptr;
     wl_surface* surface = nullptr;
     xdg_surface* shellSurface = nullptr;
     xdg_toplevel* window = nullptr;
@@ -36,6 +43,9 @@ struct TestClient::State {
     int screenWidth = 1, screenHeight = 1;
     double x = 0, y = 0;
     std::vector<std::string> presses;
+    std::vector<std::string> touches;
+    std::vector<unsigned> keys;
+    bool hasKeyboard = false;
 
     static State& self(void* data) { return *static_cast<State*>(data); }
     template <class Object>
@@ -55,11 +65,39 @@ struct TestClient::State {
         else if (interface == zwlr_virtual_pointer_manager_v1_interface.name)
             pointers = bind<zwlr_virtual_pointer_manager_v1>(registry, name,
                                                              zwlr_virtual_pointer_manager_v1_interface, 1);
+        else if (interface == zwp_virtual_keyboard_manager_v1_interface.name)
+            keyboards = bind<zwp_virtual_keyboard_manager_v1>(registry, name,
+                                                              zwp_virtual_keyboard_manager_v1_interface, 1);
     }
 
     void showBuffer();
+    void listenToSeat();
     void listenToPointer();
+    void listenToTouch();
+    void listenToKeyboard();
 };
+
+namespace {
+
+std::string place(double x, double y) {
+    return std::to_string(std::lround(x)) + "," + std::to_string(std::lround(y));
+}
+
+} // namespace
+
+void TestClient::State::listenToSeat() {
+    static constexpr wl_seat_listener listener{
+        [](void* data, wl_seat*, std::uint32_t capabilities) {
+            if ((capabilities & WL_SEAT_CAPABILITY_POINTER) && !self(data).pointer)
+                self(data).listenToPointer();
+            if ((capabilities & WL_SEAT_CAPABILITY_TOUCH) && !self(data).touch)
+                self(data).listenToTouch();
+            if ((capabilities & WL_SEAT_CAPABILITY_KEYBOARD) && !self(data).keyboard)
+                self(data).listenToKeyboard();
+        },
+        nullptr};
+    wl_seat_add_listener(seat, &listener, this);
+}
 
 void TestClient::State::listenToPointer() {
     static constexpr wl_pointer_listener listener{
@@ -77,8 +115,7 @@ void TestClient::State::listenToPointer() {
         .button =
             [](void* data, wl_pointer*, std::uint32_t, std::uint32_t, std::uint32_t, std::uint32_t state) {
                 if (state == WL_POINTER_BUTTON_STATE_PRESSED)
-                    self(data).presses.push_back(std::to_string(std::lround(self(data).x)) + "," +
-                                                 std::to_string(std::lround(self(data).y)));
+                    self(data).presses.push_back(place(self(data).x, self(data).y));
             },
         .axis = [](void*, wl_pointer*, std::uint32_t, std::uint32_t, wl_fixed_t) {},
         .frame = nullptr,
@@ -88,6 +125,42 @@ void TestClient::State::listenToPointer() {
         .axis_value120 = nullptr};
     pointer = wl_seat_get_pointer(seat);
     wl_pointer_add_listener(pointer, &listener, this);
+}
+
+void TestClient::State::listenToTouch() {
+    static constexpr wl_touch_listener listener{
+        .down =
+            [](void* data, wl_touch*, std::uint32_t, std::uint32_t, wl_surface*, std::int32_t, wl_fixed_t x,
+               wl_fixed_t y) {
+                self(data).touches.push_back(place(wl_fixed_to_double(x), wl_fixed_to_double(y)));
+            },
+        .up = [](void*, wl_touch*, std::uint32_t, std::uint32_t, std::int32_t) {},
+        .motion = [](void*, wl_touch*, std::uint32_t, std::int32_t, wl_fixed_t, wl_fixed_t) {},
+        .frame = [](void*, wl_touch*) {},
+        .cancel = [](void*, wl_touch*) {},
+        .shape = nullptr,
+        .orientation = nullptr};
+    touch = wl_seat_get_touch(seat);
+    wl_touch_add_listener(touch, &listener, this);
+}
+
+void TestClient::State::listenToKeyboard() {
+    static constexpr wl_keyboard_listener listener{
+        .keymap = [](void*, wl_keyboard*, std::uint32_t, int file, std::uint32_t) { close(file); },
+        .enter = [](void* data, wl_keyboard*, std::uint32_t, wl_surface*,
+                    wl_array*) { self(data).hasKeyboard = true; },
+        .leave = [](void* data, wl_keyboard*, std::uint32_t, wl_surface*) { self(data).hasKeyboard = false; },
+        .key =
+            [](void* data, wl_keyboard*, std::uint32_t, std::uint32_t, std::uint32_t key,
+               std::uint32_t state) {
+                if (state == WL_KEYBOARD_KEY_STATE_PRESSED)
+                    self(data).keys.push_back(key);
+            },
+        .modifiers = [](void*, wl_keyboard*, std::uint32_t, std::uint32_t, std::uint32_t, std::uint32_t,
+                        std::uint32_t) {},
+        .repeat_info = nullptr};
+    keyboard = wl_seat_get_keyboard(seat);
+    wl_keyboard_add_listener(keyboard, &listener, this);
 }
 
 TestClient::TestClient(const std::filesystem::path& runtimeDirectory, const std::string& display)
@@ -105,13 +178,14 @@ TestClient::TestClient(const std::filesystem::path& runtimeDirectory, const std:
     wl_display_roundtrip(state_->display);
     if (!state_->pointers || !state_->seat || !state_->shell)
         throw std::runtime_error("the compositor lacks what the test needs");
+    state_->listenToSeat();
     state_->hand = zwlr_virtual_pointer_manager_v1_create_virtual_pointer(state_->pointers, state_->seat);
-    wl_display_roundtrip(state_->display);
-    state_->listenToPointer();
+    wl_display_roundtrip(state_->display); // brings the capabilities
     wl_display_roundtrip(state_->display);
 }
 
 TestClient::~TestClient() {
+    state_->virtualKeyboard.reset();
     wl_display_disconnect(state_->display);
 }
 
@@ -179,6 +253,21 @@ std::vector<std::string> TestClient::presses() {
     return state_->presses;
 }
 
+std::vector<std::string> TestClient::touches() {
+    serve();
+    return state_->touches;
+}
+
+bool TestClient::hasKeyboard() {
+    serve();
+    return state_->hasKeyboard;
+}
+
+std::vector<unsigned> TestClient::keys() {
+    serve();
+    return state_->keys;
+}
+
 void TestClient::setScreen(int width, int height) {
     state_->screenWidth = width;
     state_->screenHeight = height;
@@ -205,6 +294,21 @@ void TestClient::press(unsigned time) {
 void TestClient::release(unsigned time) {
     zwlr_virtual_pointer_v1_button(state_->hand, time, BTN_LEFT, WL_POINTER_BUTTON_STATE_RELEASED);
     zwlr_virtual_pointer_v1_frame(state_->hand);
+    serve();
+}
+
+void TestClient::addKeyboard(const std::string& layout) {
+    state_->virtualKeyboard.emplace(*state_->keyboards, *state_->seat, layout);
+    serve();
+}
+
+void TestClient::pressKey(unsigned key) {
+    state_->virtualKeyboard->press(key);
+    serve();
+}
+
+void TestClient::releaseKey(unsigned key) {
+    state_->virtualKeyboard->release(key);
     serve();
 }
 

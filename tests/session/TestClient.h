@@ -1,4 +1,5 @@
-// A program of the test's own in the session: a hand on a pointer, and a window that notes what reaches it.
+// A program of the test's own in the session: a hand on a pointer and a keyboard, and a window that notes
+// what reaches it.
 #pragma once
 
 #include <filesystem>
@@ -19,12 +20,21 @@ public:
     void closeWindow();
     /// Presses of the button that have reached the window, as "100,200".
     std::vector<std::string> presses();
+    /// Fingers that have been put on the window, in the same way.
+    std::vector<std::string> touches();
+    bool hasKeyboard();
+    /// The numbers of the keys that have been pressed in the window.
+    std::vector<unsigned> keys();
 
     /// The pointer; points of a screen of `width` × `height` points, times in milliseconds.
     void setScreen(int width, int height);
     void moveTo(double x, double y, unsigned time);
     void press(unsigned time);
     void release(unsigned time);
+    /// Adds a keyboard; its layout is named as keymaps do, "de". Keys count as the kernel's.
+    void addKeyboard(const std::string& layout);
+    void pressKey(unsigned key);
+    void releaseKey(unsigned key);
     /// Serves whatever the compositor sends.
     void serve();
 
