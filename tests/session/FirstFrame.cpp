@@ -44,7 +44,8 @@ FirstFrame pullFirstFrame(TestClient& hand, FrameWatch& watch, Edge edge, int wi
         frame = watch.next(lookedAtX, lookedAtY);
         result.milliseconds = (frame.time - begin) * 1000;
     }
-    // So slowly that the panel goes back.
+    // So slowly that the panel goes back, and from where it began.
+    moveTo(stepsToPan);
     for (int frame = 0; frame < framesOfRest; ++frame)
         watch.next(lookedAtX, lookedAtY);
     hand.release(eventTime());

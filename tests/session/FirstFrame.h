@@ -18,8 +18,9 @@ struct FirstFrame {
 
 enum class Edge { Left, Right };
 
-/// The finger makes one step of eight points in each frame, rests, and is lifted, so that the panel goes
-/// back. The screen is `width` points wide; the panel must be away.
+/// The finger makes one step of eight points in each frame until the panel is seen, goes back to where its
+/// pan began, rests, and is lifted, so that the panel goes too. The screen is `width` points wide; the panel
+/// must be away.
 FirstFrame pullFirstFrame(TestClient& hand, FrameWatch& watch, Edge edge, int width);
 
 } // namespace tests
