@@ -51,6 +51,7 @@ struct GlibRunLoop::State {
     };
     struct Link {
         bool removed = false;
+        double begin = 0;
         std::function<void(double)> tick;
     };
 
@@ -62,6 +63,7 @@ struct GlibRunLoop::State {
     void removeTimer(const std::shared_ptr<Timer>& timer);
     void removeLink(const std::shared_ptr<Link>& link);
     void awaitNextFrame();
+    void awaitFrame(double first);
     void fireFrame();
     void runBlocks();
 
@@ -73,6 +75,9 @@ struct GlibRunLoop::State {
     std::unique_ptr<TimedSource> frames;
     /// The number of the frame that comes next, on the grid of the clock's sixtieths of a second.
     double frame = 0;
+    /// How many of the frames before it come with it.
+    double owedFrames = 0;
+    int framesTogether = 1;
     std::mutex blocksMutex;
     std::deque<std::function<void()>> blocks;
     TimedSource blocksSource;
@@ -107,18 +112,30 @@ void GlibRunLoop::State::removeLink(const std::shared_ptr<Link>& link) {
         frames.reset();
 }
 
+/// Frames that have been missed are skipped.
 void GlibRunLoop::State::awaitNextFrame() {
-    frame = firstAfter(frame, clockTime() * framesPerSecond);
+    awaitFrame(firstAfter(frame, clockTime() * framesPerSecond));
+}
+
+/// `first` is the first frame that the links have not had and will get.
+void GlibRunLoop::State::awaitFrame(double first) {
+    frame = firstAfter(first + framesTogether - 2, clockTime() * framesPerSecond);
+    owedFrames = frame - first;
     if (frames)
         frames->fireAt(frame / framesPerSecond);
 }
 
 void GlibRunLoop::State::fireFrame() {
-    const double now = clockTime();
+    const double now = clockTime(), latest = frame;
     const std::vector<std::shared_ptr<Link>> ticking(links.begin(), links.end());
-    for (const auto& link : ticking)
-        if (!link->removed)
-            link->tick(now);
+    const auto tick = [&ticking](double time) {
+        for (const auto& link : ticking)
+            if (!link->removed && link->begin <= time)
+                link->tick(time);
+    };
+    for (double owed = owedFrames; owed > 0; --owed)
+        tick((latest - owed) / framesPerSecond);
+    tick(now);
     loop.runTurnHooks();
     // Only now: frames that the work took longer than are skipped.
     awaitNextFrame();
@@ -184,6 +201,7 @@ void GlibRunLoop::performInBackground(std::function<void()> work) {
 
 Handle GlibRunLoop::addDisplayLink(std::function<void(double)> tick) {
     auto link = std::make_shared<State::Link>();
+    link->begin = clockTime();
     link->tick = std::move(tick);
     state_->links.push_back(link);
     if (!state_->frames) {
@@ -195,6 +213,12 @@ Handle GlibRunLoop::addDisplayLink(std::function<void(double)> tick) {
         if (const auto added = weak.lock(); added && state)
             state->removeLink(added);
     });
+}
+
+void GlibRunLoop::gatherFrames(int count) {
+    state_->framesTogether = count;
+    if (state_->frames)
+        state_->awaitFrame(state_->frame - state_->owedFrames);
 }
 
 void GlibRunLoop::run() {

@@ -151,6 +151,62 @@ TEST_F(GlibRunLoopTest, TicksSixtyTimesASecondAtMost) {
     EXPECT_GE(ticks.back() - ticks.front(), 18.0 / 60);
 }
 
+/// The numbers of frames at these times, each of which lies at its frame's beginning or after it.
+std::vector<double> framesAt(const std::vector<double>& times) {
+    std::vector<double> frames;
+    for (const double time : times)
+        frames.push_back(std::floor(time * 60 + 1e-4));
+    return frames;
+}
+
+TEST_F(GlibRunLoopTest, GathersFramesAndLosesNone) {
+    std::vector<double> ticks;
+    std::vector<std::size_t> turns;
+    const Handle hook = loop.addTurnHook(TurnPhase::Commit, [&] { turns.push_back(ticks.size()); });
+    loop.gatherFrames(10);
+    const double begin = loop.now();
+    Handle link = loop.addDisplayLink([&](double now) { ticks.push_back(now); });
+    ASSERT_TRUE(runUntil([&] { return ticks.size() >= 10; }));
+    EXPECT_EQ(turns.front(), 10u) << "all in one turn";
+    EXPECT_GE(ticks.front(), begin);
+    const auto frames = framesAt(ticks);
+    for (std::size_t tick = 1; tick + 1 < frames.size(); ++tick)
+        EXPECT_EQ(frames[tick], frames[tick - 1] + 1);
+    EXPECT_GT(frames.back(), frames[frames.size() - 2]);
+}
+
+TEST_F(GlibRunLoopTest, BringsGatheredFramesWithTheNextOneWhenTheyAreWantedSingly) {
+    std::vector<double> ticks;
+    loop.gatherFrames(100'000);
+    const Handle link = loop.addDisplayLink([&](double now) { ticks.push_back(now); });
+    const double begin = loop.now();
+    const Handle timer = loop.scheduleTimer(0.1, false, [&] { loop.gatherFrames(1); });
+    ASSERT_TRUE(runUntil([&] { return !ticks.empty(); }));
+    EXPECT_GE(ticks.size(), 5u) << "those of a tenth of a second";
+    EXPECT_LT(ticks.front(), begin + 2.0 / 60);
+    const std::size_t gathered = ticks.size();
+    ASSERT_TRUE(runUntil([&] { return ticks.size() > gathered; }));
+    EXPECT_EQ(ticks.size(), gathered + 1);
+    const auto frames = framesAt(ticks);
+    for (std::size_t tick = 1; tick < frames.size(); ++tick)
+        EXPECT_GT(frames[tick], frames[tick - 1]);
+}
+
+TEST_F(GlibRunLoopTest, GivesALinkNoFrameFromBeforeIt) {
+    loop.gatherFrames(100'000);
+    const Handle early = loop.addDisplayLink([](double) {});
+    std::vector<double> ticks;
+    Handle late;
+    double begin = 0;
+    const Handle timer = loop.scheduleTimer(0.1, false, [&] {
+        begin = loop.now();
+        late = loop.addDisplayLink([&](double now) { ticks.push_back(now); });
+        loop.gatherFrames(1);
+    });
+    ASSERT_TRUE(runUntil([&] { return !ticks.empty(); }));
+    EXPECT_GE(ticks.front(), begin);
+}
+
 TEST_F(GlibRunLoopTest, LetsLinksGoWhileTheyTick) {
     int ticks = 0;
     Handle link;
