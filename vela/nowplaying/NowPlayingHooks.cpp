@@ -1,11 +1,11 @@
 #include "vela/nowplaying/NowPlayingHooks.h"
 
 #include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/RunLoop.h"
 #include "platform/homescreen/SBApplication.h"
 #include "platform/homescreen/SBApplicationController.h"
 #include "platform/runtime/Boolean.h"
 #include "platform/runtime/Message.h"
-#include "vela/nowplaying/Autoscroll.h"
 #include "vela/nowplaying/NowPlayingState.h"
 #include "vela/nowplaying/TrackChange.h"
 #include "vela/panels/leftWindowGrabber.h"
@@ -16,6 +16,8 @@
 #include "vela/stores/VelaSettingsManager.h"
 
 using foundation::NotificationCenter;
+using foundation::RunLoop;
+using toolkit::CADisplayLink;
 using toolkit::UIView;
 
 namespace vela::nowplaying {
@@ -52,6 +54,21 @@ void fadeCaption(const Object& controls, const std::string& bundleIdentifier) {
     });
 }
 
+void startAutoscroll(Object& controls) {
+    auto& link = nowPlayingState().displayLink;
+    if (link)
+        return;
+    link = CADisplayLink::displayLinkWithTarget(controls, "scrollLyric");
+    link->addToRunLoop(RunLoop::main(), toolkit::RunLoopMode::Common);
+}
+
+void stopAutoscroll() {
+    auto& link = nowPlayingState().displayLink;
+    if (link)
+        link->invalidate();
+    link = nullptr;
+}
+
 } // namespace
 
 void applicationDidChange(Object& self, Object* controller, std::optional<std::string> bundleIdentifier) {
@@ -71,7 +88,6 @@ void playbackStateDidChange(Object& self, Object* controller, bool playing) {
 
 void infoDidChange(Object& self, Object* controller, PropertyList info) {
     originalInfoDidChange(self, controller, info);
-    catchUpAutoscroll();
     // A new track is captioned with the phone's own player, whichever application plays; a change of the
     // application itself says which.
     fadeCaption(self, musicApplication);
@@ -89,7 +105,6 @@ void elapsedTimeDidChange(Object& self, Object* controller, double elapsed) {
     if (isRadioStation(self))
         return;
     NotificationCenter::defaultCenter().post(elapsedTimeDidChangeNotification, elapsed);
-    catchUpAutoscroll();
     nowPlayingState().elapsed = static_cast<float>(elapsed);
 }
 

@@ -12,7 +12,6 @@ struct NowPlayingState {
     float elapsed = 0;      // seconds, as last reported for anything but radio
     float now = 0;          // points: where autoscroll has brought the lyric
     std::shared_ptr<toolkit::CADisplayLink> displayLink; // only while autoscroll runs
-    double stepped = 0; // run loop time, seconds, that a paused autoscroll has been brought to
 };
 
 NowPlayingState& nowPlayingState();

@@ -2,7 +2,6 @@
 
 #include "platform/toolkit/gestures/UITapGestureRecognizer.h"
 #include "platform/toolkit/windows/UIApplication.h"
-#include "vela/nowplaying/Autoscroll.h"
 #include "vela/nowplaying/songCollectionViewCell.h"
 #include "vela/panels/darkingWindow.h"
 #include "vela/startup/ScreenGeometry.h"
@@ -77,11 +76,6 @@ rightController::rightController(Rect frame)
     vibrancyView_->contentView()->addSubview(lyric_);
     controller_->setWindow(this);
     mediaController_->addChildViewController(controller_);
-}
-
-void rightController::setHidden(bool hidden) {
-    UIWindow::setHidden(hidden);
-    nowplaying::setLyricShown(!hidden);
 }
 
 void rightController::layoutSubviews() {

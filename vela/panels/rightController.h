@@ -34,7 +34,6 @@ public:
 
     bool _shouldCreateContextAsSecure() const override { return true; }
     void layoutSubviews() override;
-    void setHidden(bool hidden) override;
 
 private:
     void layOutLandscape(double strip, double labelBottom);

@@ -26,27 +26,7 @@ std::shared_ptr<CADisplayLink> CADisplayLink::displayLinkWithTarget(runtime::Obj
 }
 
 void CADisplayLink::addToRunLoop(foundation::RunLoop& loop, RunLoopMode) {
-    loop_ = &loop;
-    follow();
-}
-
-void CADisplayLink::invalidate() {
-    loop_ = nullptr;
-    follow();
-}
-
-void CADisplayLink::setPaused(bool paused) {
-    if (paused == paused_)
-        return;
-    paused_ = paused;
-    follow();
-}
-
-void CADisplayLink::follow() {
-    registration_.reset();
-    if (!loop_ || paused_)
-        return;
-    registration_ = loop_->addDisplayLink([link = runtime::WeakPtr<CADisplayLink>(this)](double now) {
+    registration_ = loop.addDisplayLink([link = runtime::WeakPtr<CADisplayLink>(this)](double now) {
         if (!link)
             return;
         const auto kept = std::static_pointer_cast<CADisplayLink>(link->shared_from_this());

@@ -1,4 +1,4 @@
-// Sends its target a message once a frame, unless it is paused, until it is invalidated or let go of.
+// Sends its target a message once a frame, until it is invalidated or let go of.
 //
 // The target is not owned; a gone one is told nothing. Whoever makes a link keeps it. Main thread only.
 #pragma once
@@ -22,12 +22,9 @@ public:
 
     /// addToRunLoop:forMode: Ticks begin with the next frame.
     void addToRunLoop(foundation::RunLoop& loop, RunLoopMode forMode);
-    void invalidate();
+    void invalidate() { registration_.reset(); }
     /// Whether it has been added and not yet invalidated.
-    bool isRunning() const { return loop_ != nullptr; }
-    /// A paused link gets no frames and costs nothing; it goes on with the next frame after its pause.
-    void setPaused(bool paused);
-    bool isPaused() const { return paused_; }
+    bool isRunning() const { return static_cast<bool>(registration_); }
     /// Run loop time of the latest frame, seconds.
     double timestamp() const { return timestamp_; }
 
@@ -35,11 +32,7 @@ private:
     using Action = std::function<void(CADisplayLink&)>;
     explicit CADisplayLink(Action action) : action_(std::move(action)) {}
 
-    void follow();
-
     Action action_;
-    foundation::RunLoop* loop_ = nullptr;
-    bool paused_ = false;
     foundation::Handle registration_;
     double timestamp_ = 0;
 };

@@ -70,41 +70,6 @@ TEST_F(DisplayLinkTest, EndsWhenItIsInvalidatedAlsoInATick) {
     EXPECT_EQ(target->ticks, 1);
 }
 
-TEST_F(DisplayLinkTest, APausedOneStandsStill) {
-    const auto ticking = link("tick");
-    EXPECT_FALSE(ticking->isPaused());
-    loop.advance(0.5);
-    ticking->setPaused(true);
-    EXPECT_TRUE(ticking->isPaused());
-    EXPECT_TRUE(ticking->isRunning());
-    loop.advance(0.5);
-    EXPECT_EQ(target->ticks, 30);
-    ticking->setPaused(false);
-    loop.advance(0.5);
-    EXPECT_EQ(target->ticks, 60);
-}
-
-TEST_F(DisplayLinkTest, OneThatIsPausedBeforeItIsAddedWaits) {
-    const auto waiting = CADisplayLink::displayLinkWithTarget(*target, "tick");
-    waiting->setPaused(true);
-    waiting->addToRunLoop(loop, RunLoopMode::Common);
-    loop.advance(0.5);
-    EXPECT_EQ(target->ticks, 0);
-    waiting->setPaused(false);
-    loop.advance(0.5);
-    EXPECT_EQ(target->ticks, 30);
-}
-
-TEST_F(DisplayLinkTest, AnInvalidatedOneDoesNotGoOnAfterAPause) {
-    const auto ended = link("tick");
-    ended->setPaused(true);
-    ended->invalidate();
-    ended->setPaused(false);
-    loop.advance(0.5);
-    EXPECT_EQ(target->ticks, 0);
-    EXPECT_FALSE(ended->isRunning());
-}
-
 TEST_F(DisplayLinkTest, EndsWithItsKeeperAndLeavesAGoneTargetAlone) {
     auto ticking = link("tick");
     ticking = nullptr;

@@ -20,7 +20,6 @@ struct Autoscroll : tests::NowPlayingTest {
     Autoscroll() {
         lyric().setText(lines(300), 3);
         wait(1);
-        panel().setHidden(false);
         state.songDuration = 200;
         state.elapsed = 61.7f;
     }
@@ -126,7 +125,6 @@ TEST_F(Autoscroll, TheUserTakesOverAndItGoesOnFromThere) {
 }
 
 TEST_F(Autoscroll, AFingerHoldsItUp) {
-    panel().setHidden(true);
     controller->playbackStateDidChange(true);
     wait(0.5);
     touchDown(370, 300);
@@ -169,57 +167,6 @@ TEST_F(Autoscroll, TheSettingIsSeenInTheNextFrame) {
     preference(vela::keys::autoscroll, true);
     wait(1.0 / 60);
     EXPECT_GT(offset(), before);
-}
-
-TEST_F(Autoscroll, NoFramesComeWhileThePanelIsHidden) {
-    panel().setHidden(true);
-    controller->playbackStateDidChange(true);
-    ASSERT_TRUE(state.displayLink->isRunning());
-    EXPECT_TRUE(state.displayLink->isPaused());
-    panel().setHidden(false);
-    EXPECT_FALSE(state.displayLink->isPaused());
-    wait(0.5);
-    EXPECT_GT(offset(), 0);
-    panel().setHidden(true);
-    EXPECT_TRUE(state.displayLink->isPaused());
-    const double hidden = offset();
-    wait(1);
-    EXPECT_EQ(offset(), hidden);
-}
-
-TEST_F(Autoscroll, APanelThatWasHiddenShowsWhatItWouldHaveShown) {
-    const auto playOn = [this](int seconds) {
-        lyric().setContentOffset({0, 0});
-        state.now = 0;
-        state.elapsed = 20;
-        controller->playbackStateDidChange(true);
-        for (int second = 0; second < seconds; ++second) {
-            wait(1);
-            controller->elapsedTimeDidChange(21 + second);
-        }
-        wait(0.5);
-    };
-    wait(0.25); // not on a frame
-    for (const int seconds : {0, 1, 7, 40}) {
-        playOn(seconds);
-        const double shown = offset();
-        ASSERT_GT(shown, 0);
-        controller->playbackStateDidChange(false);
-        panel().setHidden(true);
-        playOn(seconds);
-        panel().setHidden(false);
-        EXPECT_EQ(offset(), shown) << seconds;
-        EXPECT_EQ(state.now, static_cast<float>(shown)) << seconds;
-        controller->playbackStateDidChange(false);
-    }
-}
-
-TEST_F(Autoscroll, ALongTimeBehindAHiddenPanelIsMadeUpForAtOnce) {
-    controller->playbackStateDidChange(true);
-    panel().setHidden(true);
-    wait(600);
-    panel().setHidden(false);
-    EXPECT_NEAR(offset(), target(), 0.1);
 }
 
 TEST_F(Autoscroll, AllocatesNothing) {
