@@ -19,6 +19,8 @@ namespace session {
 namespace {
 
 constexpr double retryInterval = 1; // seconds
+/// What nobody sees is scrolled on once a second.
+constexpr int framesTogether = 60;
 
 plugins::TimeOfDay timeOfDay() {
     const std::time_t now = std::time(nullptr);
@@ -44,6 +46,7 @@ RunningSession::RunningSession(const Options& options, foundation::GlibRunLoop& 
       control_(sessionBus_, panels_, [this] { return describeState(); }) {
     toolkit::setFontDirectory((device::resourceDirectory() / "fonts").c_str(), false);
     plugins::setTimeOfDaySource(timeOfDay);
+    setSeen(false);
     connect();
     device::loadExtension(options.extension.value_or(device::installedExtension()));
     homeScreen_.launch();
@@ -78,9 +81,15 @@ void RunningSession::putUpScreen() {
             toplevels_->setHeld(taken);
     };
     screen_ = std::make_unique<SessionScreen>(
-        *connection_,
-        SessionScreen::Callbacks{keyboardTaken, [this] { panels_.dismiss(); }, MemoryUse::letGoOfSpare});
+        *connection_, SessionScreen::Callbacks{keyboardTaken, [this] { panels_.dismiss(); },
+                                               [this](bool seen) { setSeen(seen); }});
     screen_->setWithheld(!homeScreen_.mayBeSeen());
+}
+
+void RunningSession::setSeen(bool seen) {
+    loop_.gatherFrames(seen ? 1 : framesTogether);
+    if (!seen)
+        MemoryUse::letGoOfSpare();
 }
 
 const Output* RunningSession::wantedOutput() const {
@@ -120,6 +129,7 @@ void RunningSession::disconnect() {
     screen_.reset();
     toplevels_.reset();
     connection_.reset();
+    setSeen(false);
 }
 
 void RunningSession::reconnect() {

@@ -27,6 +27,7 @@ private:
     void connect();
     void watchToplevels();
     void putUpScreen();
+    void setSeen(bool seen);
     void reconnect();
     void disconnect();
     void chooseOutput();

@@ -205,6 +205,7 @@ void SessionScreen::putUpStage() {
     captured_.reset();
     stage_ = std::make_unique<Stage>(connection_.globals(), pixels_, glass_, *output_,
                                      Stage::Callbacks{[this] { stageIsFree(); }, [this] { closeStage(); }});
+    callbacks_.seen(true);
 }
 
 void SessionScreen::takeDownStage() {
@@ -221,7 +222,7 @@ void SessionScreen::takeDownStage() {
         keyboardUse_ = KeyboardUse::None;
         callbacks_.keyboardTaken(false);
     }
-    callbacks_.stageTakenDown();
+    callbacks_.seen(false);
 }
 
 void SessionScreen::takeDownStrips() {

@@ -28,8 +28,8 @@ public:
         /// The stage takes the keyboard, or gives it back. Called before the compositor hears of it.
         std::function<void(bool)> keyboardTaken;
         std::function<void()> escapePressed;
-        /// Nothing of the product's can be seen any more, for now.
-        std::function<void()> stageTakenDown;
+        /// Something of the product's can be seen from now on, or nothing any more.
+        std::function<void(bool)> seen;
     };
     /// The connection outlives this object.
     SessionScreen(Connection& connection, Callbacks callbacks);
