@@ -127,7 +127,7 @@ void SessionScreen::present() {
 /// While something on the stage is animated, a frame is due at once, and a finger that moves a moment later
 /// would always be shown one frame late.
 void SessionScreen::stageIsFree() {
-    if (fingers_.empty())
+    if (fingers_.empty() || !WindowServer::shared().needsFrame())
         return present();
     fingerAwaited_ = foundation::RunLoop::main().scheduleTimer(patience, false, [this] {
         fingerAwaited_.reset();
