@@ -31,9 +31,10 @@ function(vela_link target)
     target_link_libraries(${target} PRIVATE ${ARGN})
 endfunction()
 
-# vela_test(NAME [FOLDER dir] LINK folders…): the tests of a folder as one program.
+# vela_test(NAME [FOLDER dir] LINK folders… [ALONE filters…]): the tests of a folder as one program. Beside those that
+# pass one of the filters no other test runs: they measure time.
 function(vela_test name)
-    cmake_parse_arguments(ARG "" "FOLDER" "LINK;LIBRARIES;DEFINITIONS" ${ARGN})
+    cmake_parse_arguments(ARG "" "FOLDER" "LINK;LIBRARIES;DEFINITIONS;ALONE" ${ARGN})
     if(NOT ARG_FOLDER)
         set(ARG_FOLDER ${name})
     endif()
@@ -47,5 +48,12 @@ function(vela_test name)
                           Threads::Threads)
     target_compile_definitions(${name} PRIVATE VELA_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                VELA_BINARY_DIR="${CMAKE_BINARY_DIR}" ${ARG_DEFINITIONS})
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+    list(JOIN ARG_ALONE ":" alone)
+    set(properties DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+    if(NOT alone)
+        gtest_discover_tests(${name} ${properties})
+    else()
+        gtest_discover_tests(${name} TEST_FILTER "-${alone}" ${properties})
+        gtest_discover_tests(${name} TEST_FILTER "${alone}" TEST_LIST ${name}_ALONE ${properties} RUN_SERIAL ON)
+    endif()
 endfunction()
