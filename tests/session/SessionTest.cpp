@@ -243,7 +243,7 @@ std::string SessionTest::pixel(int x, int y) {
     const std::string place = std::to_string(x) + "," + std::to_string(y);
     const auto child = support::ChildProcess::run(
         {"/usr/bin/env", "convert", file, "-format", "%[hex:p{" + place + "}]", "info:"});
-    return "#" + child.output.substr(0, 6);
+    return std::string("#").append(child.output, 0, 6);
 }
 
 } // namespace tests

@@ -36,7 +36,7 @@ struct ParentShell::Surface {
     ParentShell& shell;
     wl_resource* resource;
     wl_resource* buffer = nullptr; // attached, not committed
-    std::vector<wl_resource*> frames;
+    std::vector<wl_resource*> frames = {};
     wl_resource* shellSurface = nullptr;
     wl_resource* toplevel = nullptr;
     bool configured = false;
