@@ -97,11 +97,14 @@ void SessionScreen::setWithheld(bool withheld) {
     }
 }
 
-/// The product asks for the picture to choose a panel's glass by, right before the glass itself needs it.
+/// The product asks for the picture to choose a panel's glass by, right before or after the glass itself
+/// needs it; the compositor takes a frame's time to give it. As long as a finger is down it stays the same
+/// one.
 std::shared_ptr<const toolkit::Image> SessionScreen::capture() {
     if (!output_)
         return nullptr;
-    if (!captured_ || now() - captureTime_ > captureLife) {
+    const bool isOld = fingers_.empty() && now() - captureTime_ > captureLife;
+    if (!captured_ || isOld) {
         captured_ = ScreenCapture::take(connection_, *output_, glass_.pixelsPerPoint());
         captureTime_ = now();
     }
@@ -202,7 +205,6 @@ void SessionScreen::showStage(const Windows& windows) {
 void SessionScreen::putUpStage() {
     // Before anything of the product's can be on it.
     glass_.setScene(capture(), UIScreen::mainScreen().bounds().size());
-    captured_.reset();
     stage_ = std::make_unique<Stage>(connection_.globals(), pixels_, glass_, *output_,
                                      Stage::Callbacks{[this] { stageIsFree(); }, [this] { closeStage(); }});
     callbacks_.seen(true);
@@ -265,6 +267,8 @@ void SessionScreen::fingerDown(std::int64_t finger, wl_surface* surface, Point p
     if (!origin)
         return;
     const double seconds = timeOf(time, fingers_.empty());
+    if (fingers_.empty())
+        captured_.reset(); // what another touch has found
     if (!stage_)
         capture(); // which a pan is about to need, and has no time for
     const Point place{point.x + origin->x, point.y + origin->y};

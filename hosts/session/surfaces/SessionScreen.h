@@ -90,7 +90,7 @@ private:
     KeyboardUse keyboardUse_ = KeyboardUse::None;
     bool withheld_ = false;
     bool due_ = true; // something must be shown anew that the windows do not know of
-    std::shared_ptr<const toolkit::Image> captured_; // for a moment
+    std::shared_ptr<const toolkit::Image> captured_; // while something is or may soon be seen
     double captureTime_ = 0;
     EventClock clock_;
     struct Finger {
