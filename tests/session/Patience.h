@@ -7,11 +7,13 @@
 
 namespace tests {
 
-/// Runs until `holds`, for twenty seconds at most; answers whether it does. `meanwhile` is called again and
-/// again.
-inline bool eventually(const std::function<bool()>& holds, const std::function<void()>& meanwhile = {}) {
+inline constexpr std::chrono::seconds patience(20);
+
+/// Runs until `holds`, for `limit` at most; answers whether it does. `meanwhile` is called again and again.
+inline bool eventually(const std::function<bool()>& holds, const std::function<void()>& meanwhile = {},
+                       std::chrono::seconds limit = patience) {
     using Clock = std::chrono::steady_clock;
-    for (const auto end = Clock::now() + std::chrono::seconds(20); Clock::now() < end;) {
+    for (const auto end = Clock::now() + limit; Clock::now() < end;) {
         if (holds())
             return true;
         if (meanwhile)

@@ -17,18 +17,16 @@ protected:
         client();
         ASSERT_TRUE(waitForDisplay(true));
     }
-    /// A finger's way in; the strip that it touches may still be on its way to the screen.
+    /// A finger's way in, again and again: the strip that it touches may still be on its way to the screen.
     bool dragIn() {
-        for (int attempts = 0; attempts < 5; ++attempts) {
+        return eventually([this] {
             press(374, 300);
             dragTo(230, 300, 0.3);
-            const bool touched = waitForShown("right");
+            const bool touched = waitForShown("right", std::chrono::seconds(1));
             dragTo(60, 300, 0.3);
             release();
-            if (touched)
-                return true;
-        }
-        return false;
+            return touched;
+        });
     }
     void expectUsable() {
         ASSERT_TRUE(dragIn());

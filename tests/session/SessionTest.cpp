@@ -136,8 +136,8 @@ bool SessionTest::request(const std::string& method, const std::string& side) {
     return answer != nullptr;
 }
 
-bool SessionTest::waitForShown(const std::string& side) {
-    return eventually([&] { return shown() == side; });
+bool SessionTest::waitForShown(const std::string& side, std::chrono::seconds limit) {
+    return eventually([&] { return shown() == side; }, {}, limit);
 }
 
 bool SessionTest::waitForRest(const std::string& side) {

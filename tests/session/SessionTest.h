@@ -57,7 +57,7 @@ protected:
     nlohmann::json window(const std::string& cls);
     std::string shown();
     bool request(const std::string& method, const std::string& side = "");
-    bool waitForShown(const std::string& side);
+    bool waitForShown(const std::string& side, std::chrono::seconds limit = patience);
     /// Until the panels' animation has ended.
     bool waitForRest(const std::string& side);
     /// As the settings application writes it; `type` is "bool", "number" or "string".
