@@ -1,5 +1,6 @@
 #include "hosts/session/homescreen/Panels.h"
 
+#include "hosts/session/wayland/InputReceiver.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/runtime/Message.h"
 #include "platform/toolkit/gestures/TouchDispatcher.h"
@@ -19,7 +20,7 @@ using toolkit::WindowServer;
 namespace {
 
 /// A finger of its own, beside the pointer's and those of the touch screen.
-constexpr std::int64_t finger = -2;
+constexpr std::int64_t finger = pointerFinger + 1;
 /// A little more than a fling takes, and no more: the panel then comes in at its most leisurely.
 constexpr double speed = 550; // points a second
 constexpr double step = 1.0 / 60;
