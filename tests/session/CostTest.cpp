@@ -1,6 +1,7 @@
 // What the session host does not do: nothing at rest, no drawing for a panel that only moves, no holding on
 // to what can be made again, and no keeping of fingers waiting.
 #include "tests/session/FirstFrame.h"
+#include "tests/session/Occurrences.h"
 #include "tests/session/ProcessUse.h"
 #include "tests/session/SessionTest.h"
 
@@ -10,17 +11,6 @@
 #include <sched.h>
 
 namespace tests {
-
-namespace {
-
-std::size_t count(const std::string& text, const std::string& part) {
-    std::size_t found = 0;
-    for (auto place = text.find(part); place != std::string::npos; place = text.find(part, place + 1))
-        ++found;
-    return found;
-}
-
-} // namespace
 
 class SessionCost : public SessionTest {
 protected:

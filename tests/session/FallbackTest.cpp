@@ -1,4 +1,5 @@
 // What the session host does in a compositor that lacks something.
+#include "tests/session/Occurrences.h"
 #include "tests/session/SessionTest.h"
 
 #include <gmock/gmock.h>
@@ -10,13 +11,6 @@ namespace {
 const std::set<std::string> everythingThatMayBeMissing{
     "wp_viewporter",          "wp_single_pixel_buffer_manager_v1", "zwlr_screencopy_manager_v1",
     "zxdg_output_manager_v1", "zwlr_foreign_toplevel_manager_v1",  "zwlr_output_power_manager_v1"};
-
-std::size_t count(const std::string& text, const std::string& part) {
-    std::size_t found = 0;
-    for (auto place = text.find(part); place != std::string::npos; place = text.find(part, place + 1))
-        ++found;
-    return found;
-}
 
 } // namespace
 
