@@ -1,5 +1,6 @@
 // Outputs that go, come, change and are switched off.
 #include "tests/session/MockedServices.h"
+#include "tests/session/Occurrences.h"
 
 namespace tests {
 
@@ -63,6 +64,21 @@ TEST_F(SessionOutputs, AnOpenPanelGoesWhenTheModeChanges) {
     expectLaidOut(500, 700);
     show("right");
     EXPECT_TRUE(eventually([&] { return pixel(20, 300) == dimmedBackground; })) << pixel(20, 300);
+}
+
+/// The glass of the panel that still goes is of a screen that was smaller.
+TEST_F(SessionOutputs, APanelMayComeAsSoonAsTheScreenHasGrown) {
+    start();
+    for (const int width : {500, 700, 900, 1100}) {
+        show("left");
+        const std::string mode = std::to_string(2 * width) + "x1400";
+        ASSERT_TRUE(command("output HEADLESS-1 mode " + mode));
+        ASSERT_TRUE(waitForWidth(width));
+        show("right");
+        EXPECT_TRUE(eventually([&] { return pixel(20, 300) == dimmedBackground; }))
+            << width << pixel(20, 300);
+        EXPECT_EQ(count(log(), "the compositor is gone"), 0);
+    }
 }
 
 TEST_F(SessionOutputs, AnOpenPanelGoesWhenTheOutputTurns) {

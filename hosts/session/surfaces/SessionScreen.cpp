@@ -119,6 +119,9 @@ void SessionScreen::present() {
     if (!due_ && !WindowServer::shared().needsFrame())
         return;
     due_ = false;
+    // With its glass, through which the screen is seen as it was.
+    if (stage_ && stage_->screen() != UIScreen::mainScreen().bounds().size())
+        takeDownStage();
     // A pan begins with its panel beside the screen: from then on there is a frame's time to get it ready.
     const auto offScreen = fingers_.empty() ? toolkit::OffScreen::Ignored : toolkit::OffScreen::Prepared;
     const Windows& windows = WindowServer::shared().composeSeparately(offScreen);
@@ -199,13 +202,14 @@ void SessionScreen::showStage(const Windows& windows) {
     if (!stage_)
         putUpStage();
     useKeyboard(seen);
-    stage_->show(seen, UIScreen::mainScreen().bounds().size());
+    stage_->show(seen);
 }
 
 void SessionScreen::putUpStage() {
+    const toolkit::Size screen = UIScreen::mainScreen().bounds().size();
     // Before anything of the product's can be on it.
-    glass_.setScene(capture(), UIScreen::mainScreen().bounds().size());
-    stage_ = std::make_unique<Stage>(connection_.globals(), pixels_, glass_, *output_,
+    glass_.setScene(capture(), screen);
+    stage_ = std::make_unique<Stage>(connection_.globals(), pixels_, glass_, *output_, screen,
                                      Stage::Callbacks{[this] { stageIsFree(); }, [this] { closeStage(); }});
     callbacks_.seen(true);
 }

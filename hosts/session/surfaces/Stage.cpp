@@ -22,30 +22,32 @@ bool takesTouches(const toolkit::UIWindow& window) {
 
 } // namespace
 
-Stage::Stage(Globals& globals, SolidPixels& pixels, Glass& glass, const Output& output, Callbacks callbacks)
+Stage::Stage(Globals& globals, SolidPixels& pixels, Glass& glass, const Output& output, toolkit::Size screen,
+             Callbacks callbacks)
     : globals_(globals),
       pixels_(pixels),
       glass_(glass),
+      screen_(screen),
       callbacks_(std::move(callbacks)),
       surface_(
           globals, pixels, output, "vela-panels", [this] { commitFrame(); }, callbacks_.closed) {
+    surface_.place(wholeScreen(screen));
     surface_.setTouchable({});
 }
 
-void Stage::show(const std::vector<SeparateWindow>& windows, toolkit::Size screen) {
-    surface_.place(wholeScreen(screen));
+void Stage::show(const std::vector<SeparateWindow>& windows) {
     std::vector<std::uint64_t> order;
     for (const SeparateWindow& shown : windows) {
         order.push_back(shown.window->layer()->id());
         auto [place, isNew] =
             windows_.try_emplace(order.back(), globals_, pixels_, glass_, *surface_.surface());
-        place->second.show(*shown.picture, screen);
+        place->second.show(*shown.picture, screen_);
     }
     for (auto& [id, pieces] : windows_)
         if (std::ranges::find(order, id) == order.end())
             pieces.hide();
     stack(order);
-    takeTouches(windows, screen);
+    takeTouches(windows);
     commitFrame();
 }
 
@@ -58,11 +60,11 @@ void Stage::stack(const std::vector<std::uint64_t>& order) {
     order_ = order;
 }
 
-void Stage::takeTouches(const std::vector<SeparateWindow>& windows, toolkit::Size screen) {
+void Stage::takeTouches(const std::vector<SeparateWindow>& windows) {
     std::vector<PointRect> areas;
     for (const SeparateWindow& shown : windows)
         if (takesTouches(*shown.window))
-            areas.push_back(PointRect::around(shown.window->frame()).intersection(wholeScreen(screen)));
+            areas.push_back(PointRect::around(shown.window->frame()).intersection(wholeScreen(screen_)));
     if (areas == touchable_)
         return;
     surface_.setTouchable(areas);
@@ -81,7 +83,8 @@ void Stage::commitFrame() {
         static constexpr wl_callback_listener listener{[](void* data, wl_callback*, std::uint32_t) {
             auto& self = *static_cast<Stage*>(data);
             self.frame_.reset();
-            self.callbacks_.frameDue();
+            const auto frameDue = self.callbacks_.frameDue; // which may take the stage down
+            frameDue();
         }};
         frame_.reset(wl_surface_frame(surface_.surface()));
         wl_callback_add_listener(frame_.get(), &listener, this);

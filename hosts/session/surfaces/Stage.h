@@ -17,23 +17,26 @@ public:
         std::function<void()> frameDue; // it is no longer busy
         std::function<void()> closed;   // the compositor has taken it away
     };
-    /// Everything outlives this object.
-    Stage(Globals& globals, SolidPixels& pixels, Glass& glass, const Output& output, Callbacks callbacks);
+    /// For an output of `screen` points; another size takes another stage. Everything outlives this object.
+    Stage(Globals& globals, SolidPixels& pixels, Glass& glass, const Output& output, toolkit::Size screen,
+          Callbacks callbacks);
 
     wl_surface* surface() const { return surface_.surface(); }
+    toolkit::Size screen() const { return screen_; }
     bool isBusy() const { return frame_ != nullptr; }
     /// Shows the windows, back to front, and takes touches where one of them does.
-    void show(const std::vector<toolkit::SeparateWindow>& windows, toolkit::Size screen);
+    void show(const std::vector<toolkit::SeparateWindow>& windows);
     void setKeyboardUse(KeyboardUse use);
 
 private:
     void stack(const std::vector<std::uint64_t>& order);
-    void takeTouches(const std::vector<toolkit::SeparateWindow>& windows, toolkit::Size screen);
+    void takeTouches(const std::vector<toolkit::SeparateWindow>& windows);
     void commitFrame();
 
     Globals& globals_;
     SolidPixels& pixels_;
     Glass& glass_;
+    const toolkit::Size screen_;
     Callbacks callbacks_;
     /// By the window's layer. They go after the stage itself: phoc 0.24 does not survive the other order.
     std::map<std::uint64_t, WindowPieces> windows_;
