@@ -90,6 +90,21 @@ TEST_F(SessionSensor, IsClaimedAgainWhenItReturns) {
                            }));
 }
 
+TEST_F(SessionSensor, WhatChangesBeforeItIsClaimedIsSeen) {
+    const char* path = "/net/hadess/SensorProxy";
+    const char* mock = "org.freedesktop.DBus.Mock";
+    startMock({sensor, path, sensor}, sensor);
+    take(bus().call(
+        sensor, path, mock, "AddProperty",
+        g_variant_new("(ssv)", sensor, "AccelerometerOrientation", g_variant_new_string("normal"))));
+    take(bus().call(sensor, path, mock, "AddMethod",
+                    g_variant_new("(sssss)", sensor, "ClaimAccelerometer", "", "",
+                                  "self.props['net.hadess.SensorProxy']['AccelerometerOrientation'] = "
+                                  "'bottom-up'")));
+    start();
+    EXPECT_TRUE(waitFor(upsideDown));
+}
+
 TEST_F(SessionSensor, NonsenseIsNoOrientation) {
     startSensor("normal");
     start();

@@ -11,7 +11,7 @@ namespace {
 /// What an answer needs to find its way back, as long as the asker lives.
 struct Reply {
     std::weak_ptr<BusObject*> asker;
-    std::function<void(const std::string&)> answered;
+    std::function<void(GVariant*)> answered; // of null when the service refused
 };
 
 std::string firstText(GVariant* answer) {
@@ -104,6 +104,25 @@ std::string BusObject::stringProperty(const char* name, const std::string& other
 
 void BusObject::call(const char* method, GVariant* arguments,
                      std::function<void(const std::string&)> answered) {
+    ask(method, arguments, [answered = std::move(answered)](GVariant* answer) {
+        if (answered)
+            answered(firstText(answer));
+    });
+}
+
+void BusObject::readAgain(const char* property) {
+    ask("org.freedesktop.DBus.Properties.Get", g_variant_new("(ss)", address_.interface.c_str(), property),
+        [this, name = std::string(property)](GVariant* answer) {
+            if (!answer || !g_variant_is_of_type(answer, G_VARIANT_TYPE("(v)")))
+                return;
+            g_autoptr(GVariant) value = nullptr;
+            g_variant_get(answer, "(v)", &value);
+            g_dbus_proxy_set_cached_property(proxy_, name.c_str(), value);
+            callbacks_.changed();
+        });
+}
+
+void BusObject::ask(const char* method, GVariant* arguments, std::function<void(GVariant*)> answered) {
     if (!proxy_) {
         if (arguments)
             g_variant_unref(g_variant_ref_sink(arguments));
@@ -112,8 +131,8 @@ void BusObject::call(const char* method, GVariant* arguments,
     const auto done = [](GObject* source, GAsyncResult* result, gpointer data) {
         const std::unique_ptr<Reply> reply(static_cast<Reply*>(data));
         g_autoptr(GVariant) answer = g_dbus_proxy_call_finish(G_DBUS_PROXY(source), result, nullptr);
-        if (reply->answered && !reply->asker.expired())
-            reply->answered(firstText(answer));
+        if (!reply->asker.expired())
+            reply->answered(answer);
     };
     g_dbus_proxy_call(proxy_, method, arguments, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, done,
                       new Reply{self_, std::move(answered)});

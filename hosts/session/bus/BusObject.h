@@ -37,11 +37,14 @@ public:
     /// Calls a method with `arguments`, which may be null and are taken over. `answered` gets the answer's
     /// first value as an object path or string, empty when there is none.
     void call(const char* method, GVariant* arguments, std::function<void(const std::string&)> answered = {});
+    /// Asks the service for a property that it may have changed without telling.
+    void readAgain(const char* property);
 
 private:
     void open();
     void close();
     void opened(GDBusProxy* proxy);
+    void ask(const char* method, GVariant* arguments, std::function<void(GVariant*)> answered);
 
     bus::Bus& bus_;
     Address address_;

@@ -9,6 +9,8 @@ namespace {
 constexpr std::array<std::pair<const char*, std::int64_t>, 4> names{
     {{"normal", 1}, {"bottom-up", 2}, {"right-up", 3}, {"left-up", 4}}};
 
+constexpr const char* orientationProperty = "AccelerometerOrientation";
+
 constexpr bool isSideways(std::int64_t orientation) {
     return orientation == 3 || orientation == 4;
 }
@@ -18,14 +20,19 @@ constexpr bool isSideways(std::int64_t orientation) {
 OrientationSensor::OrientationSensor(bus::Bus& system, std::function<void()> changed)
     : sensor_(system, {"net.hadess.SensorProxy", "/net/hadess/SensorProxy", "net.hadess.SensorProxy"},
               {[this, changed] {
-                  // The service measures nothing before it is asked to.
                   if (std::exchange(wasThere_, sensor_.isThere()) != sensor_.isThere() && wasThere_)
-                      sensor_.call("ClaimAccelerometer", nullptr);
+                      claim();
                   changed();
               }}) {}
 
+/// The service measures nothing before it is asked to, and tells of changes only those who have asked.
+void OrientationSensor::claim() {
+    sensor_.call("ClaimAccelerometer", nullptr,
+                 [this](const std::string&) { sensor_.readAgain(orientationProperty); });
+}
+
 std::int64_t OrientationSensor::orientation() const {
-    const std::string name = sensor_.stringProperty("AccelerometerOrientation", "");
+    const std::string name = sensor_.stringProperty(orientationProperty, "");
     for (const auto& [known, orientation] : names)
         if (name == known)
             return orientation;

@@ -16,6 +16,8 @@ public:
     std::int64_t orientation() const;
 
 private:
+    void claim();
+
     bool wasThere_ = false;
     BusObject sensor_;
 };
