@@ -11,6 +11,8 @@
 #include <nlohmann/json.hpp>
 
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace plugins {
 
@@ -54,13 +56,17 @@ std::shared_ptr<PluginView> PluginView::make(const BundleInformation& bundle,
 
 PluginView::~PluginView() {
     caller_->onEnd = nullptr;
-    if (caller_->ended) {
-        // Its code is not called any more, its destructors included, and they would need the host.
-        (void)view_.release();
-        (void)host_.release();
-    } else if (view_) {
+    if (caller_->ended)
+        keepForever();
+    else if (view_)
         PluginCall::run(caller_, "its view's destruction", [this] { view_.reset(); });
-    }
+}
+
+/// The code of what has ended is not called any more, its destructors included, and they would need the host.
+void PluginView::keepForever() {
+    using Ended = std::pair<std::unique_ptr<sdk::View>, std::unique_ptr<PluginHost>>;
+    static auto& kept = *new std::vector<Ended>;
+    kept.emplace_back(std::move(view_), std::move(host_));
 }
 
 void PluginView::showEnd() {

@@ -41,6 +41,7 @@ private:
     void perform(const vela::plugin::PrincipalClass::Method& method);
     void pass(const toolkit::Touch& touch) override;
     void showEnd();
+    void keepForever();
 
     const vela::plugin::PrincipalClass& principalClass_;
     runtime::Class& class_;
