@@ -51,8 +51,6 @@ Phone::Phone(PhoneConfiguration configuration) {
 Phone::~Phone() {
     if (current() == this)
         setCurrent(nullptr);
-    if (state_->active)
-        state_->active->resignedActive(); // an animation may keep it longer than its clock
     TouchDispatcher::shared().cancelAll(now());
     WindowServer::shared().setSecureOnly(false);
 }

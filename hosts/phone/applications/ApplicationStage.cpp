@@ -59,10 +59,11 @@ void ApplicationStage::open(std::shared_ptr<Application> application, Rect origi
         UIView::animate(fadeDuration, 0, AnimationCurve::EaseOut, [&] { window.setAlpha(1); });
         UIView::animate(
             zoomDuration, 0, AnimationCurve::EaseOut, [&] { window.setTransform({}); },
-            [stage = weak_from_this(), previous](bool) {
+            [stage = weak_from_this(), weakCovered = std::weak_ptr(previous)](bool) {
                 const auto self = stage.lock();
-                if (self && previous && previous != self->front_)
-                    hide(previous);
+                const auto covered = weakCovered.lock();
+                if (self && covered && covered != self->front_)
+                    hide(covered);
             });
     } else {
         window.setTransform({});
@@ -84,10 +85,11 @@ void ApplicationStage::leave(Rect target, StageTransition transition) {
                     [&] { window.setAlpha(0); });
     UIView::animate(
         zoomDuration, 0, AnimationCurve::EaseInOut, [&] { window.setTransform(shrunkTo(target)); },
-        [stage = weak_from_this(), left](bool finished) {
+        [stage = weak_from_this(), weakLeft = std::weak_ptr(left)](bool finished) {
             const auto self = stage.lock();
-            if (finished && self && left != self->front_)
-                hide(left);
+            const auto gone = weakLeft.lock();
+            if (finished && self && gone && gone != self->front_)
+                hide(gone);
         });
 }
 
