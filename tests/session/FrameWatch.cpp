@@ -1,5 +1,7 @@
 #include "tests/session/FrameWatch.h"
 
+#include "tests/session/ClientConnection.h"
+
 #include <cstring>
 #include <stdexcept>
 
@@ -68,42 +70,19 @@ struct Look {
 
 } // namespace
 
+/// Everything in its first version, which asks for the least answers.
 struct FrameWatch::State {
-    wl_display* display = nullptr;
-    wl_shm* shm = nullptr;
-    wl_output* output = nullptr;
-    zwlr_screencopy_manager_v1* copies = nullptr;
+    explicit State(const std::filesystem::path& socket) : connection(socket) {}
 
-    ~State() {
-        if (display)
-            wl_display_disconnect(display);
-    }
-    void announced(wl_registry* registry, std::uint32_t name, const std::string& interface) {
-        // In their first versions, which ask for the least answers.
-        const auto bind = [&](const wl_interface& wanted) {
-            return interface == wanted.name ? wl_registry_bind(registry, name, &wanted, 1) : nullptr;
-        };
-        if (void* object = bind(wl_shm_interface))
-            shm = static_cast<wl_shm*>(object);
-        else if (void* first = output ? nullptr : bind(wl_output_interface))
-            output = static_cast<wl_output*>(first);
-        else if (void* manager = bind(zwlr_screencopy_manager_v1_interface))
-            copies = static_cast<zwlr_screencopy_manager_v1*>(manager);
-    }
+    ClientConnection connection;
+    wl_shm* shm = connection.keep(connection.bind<wl_shm>(wl_shm_interface, 1));
+    wl_output* output = connection.keep(connection.bind<wl_output>(wl_output_interface, 1));
+    zwlr_screencopy_manager_v1* copies =
+        connection.keep(connection.bind<zwlr_screencopy_manager_v1>(zwlr_screencopy_manager_v1_interface, 1));
 };
 
 FrameWatch::FrameWatch(const std::filesystem::path& runtimeDirectory, const std::string& display)
-    : state_(std::make_unique<State>()) {
-    state_->display = wl_display_connect((runtimeDirectory / display).c_str());
-    if (!state_->display)
-        throw std::runtime_error("no connection to the compositor");
-    static constexpr wl_registry_listener listener{
-        [](void* data, wl_registry* registry, std::uint32_t name, const char* interface, std::uint32_t) {
-            static_cast<State*>(data)->announced(registry, name, interface);
-        },
-        [](void*, wl_registry*, std::uint32_t) {}};
-    wl_registry_add_listener(wl_display_get_registry(state_->display), &listener, state_.get());
-    wl_display_roundtrip(state_->display);
+    : state_(std::make_unique<State>(runtimeDirectory / display)) {
     if (!state_->shm || !state_->output || !state_->copies)
         throw std::runtime_error("the compositor does not let anybody look at the screen");
 }
@@ -115,7 +94,7 @@ FrameWatch::Frame FrameWatch::next(int x, int y) {
     auto* frame =
         zwlr_screencopy_manager_v1_capture_output_region(state_->copies, 0, state_->output, x, y, 1, 1);
     zwlr_screencopy_frame_v1_add_listener(frame, &Look::listener, &look);
-    while (look.state == Look::State::Asked && wl_display_dispatch(state_->display) >= 0) {
+    while (look.state == Look::State::Asked && wl_display_dispatch(state_->connection.display()) >= 0) {
     }
     zwlr_screencopy_frame_v1_destroy(frame);
     if (look.state != Look::State::Ready)

@@ -1,5 +1,6 @@
 #include "tests/session/TestClient.h"
 
+#include "tests/session/ClientConnection.h"
 #include "tests/session/Patience.h"
 #include "tests/session/VirtualKeyboard.h"
 
@@ -9,6 +10,7 @@
 #include <cstring>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
 #include <linux/input-event-codes.h>
 #include <sys/mman.h>
@@ -23,13 +25,17 @@
 namespace tests {
 
 struct TestClient::State {
-    wl_display* display = nullptr;
-    wl_compositor* compositor = nullptr;
-    wl_shm* shm = nullptr;
-    wl_seat* seat = nullptr;
-    xdg_wm_base* shell = nullptr;
-    zwlr_virtual_pointer_manager_v1* pointers = nullptr;
-    zwp_virtual_keyboard_manager_v1* keyboards = nullptr;
+    explicit State(const std::filesystem::path& socket) : connection(socket) {}
+
+    ClientConnection connection;
+    wl_compositor* compositor = take<wl_compositor>(wl_compositor_interface, 4);
+    wl_shm* shm = take<wl_shm>(wl_shm_interface);
+    wl_seat* seat = take<wl_seat>(wl_seat_interface);
+    xdg_wm_base* shell = take<xdg_wm_base>(xdg_wm_base_interface);
+    zwlr_virtual_pointer_manager_v1* pointers =
+        take<zwlr_virtual_pointer_manager_v1>(zwlr_virtual_pointer_manager_v1_interface);
+    zwp_virtual_keyboard_manager_v1* keyboards =
+        take<zwp_virtual_keyboard_manager_v1>(zwp_virtual_keyboard_manager_v1_interface);
     zwlr_virtual_pointer_v1* hand = nullptr;
     std::optional<VirtualKeyboard> virtualKeyboard;
     wl_pointer* pointer = nullptr;
@@ -49,27 +55,11 @@ struct TestClient::State {
 
     static State& self(void* data) { return *static_cast<State*>(data); }
     template <class Object>
-    Object* bind(wl_registry* registry, std::uint32_t name, const wl_interface& interface,
-                 std::uint32_t version) {
-        return static_cast<Object*>(wl_registry_bind(registry, name, &interface, version));
-    }
-    void announced(wl_registry* registry, std::uint32_t name, const std::string& interface) {
-        if (interface == wl_compositor_interface.name)
-            compositor = bind<wl_compositor>(registry, name, wl_compositor_interface, 4);
-        else if (interface == wl_shm_interface.name)
-            shm = bind<wl_shm>(registry, name, wl_shm_interface, 1);
-        else if (interface == wl_seat_interface.name)
-            seat = bind<wl_seat>(registry, name, wl_seat_interface, 1);
-        else if (interface == xdg_wm_base_interface.name)
-            shell = bind<xdg_wm_base>(registry, name, xdg_wm_base_interface, 1);
-        else if (interface == zwlr_virtual_pointer_manager_v1_interface.name)
-            pointers = bind<zwlr_virtual_pointer_manager_v1>(registry, name,
-                                                             zwlr_virtual_pointer_manager_v1_interface, 1);
-        else if (interface == zwp_virtual_keyboard_manager_v1_interface.name)
-            keyboards = bind<zwp_virtual_keyboard_manager_v1>(registry, name,
-                                                              zwp_virtual_keyboard_manager_v1_interface, 1);
+    Object* take(const wl_interface& interface, std::uint32_t version = 1) {
+        return connection.keep(connection.bind<Object>(interface, version));
     }
 
+    void closeWindow();
     void showBuffer();
     void listenToSeat();
     void listenToPointer();
@@ -123,7 +113,7 @@ void TestClient::State::listenToPointer() {
         .axis_stop = nullptr,
         .axis_discrete = nullptr,
         .axis_value120 = nullptr};
-    pointer = wl_seat_get_pointer(seat);
+    pointer = connection.keep(wl_seat_get_pointer(seat));
     wl_pointer_add_listener(pointer, &listener, this);
 }
 
@@ -140,7 +130,7 @@ void TestClient::State::listenToTouch() {
         .cancel = [](void*, wl_touch*) {},
         .shape = nullptr,
         .orientation = nullptr};
-    touch = wl_seat_get_touch(seat);
+    touch = connection.keep(wl_seat_get_touch(seat));
     wl_touch_add_listener(touch, &listener, this);
 }
 
@@ -159,34 +149,25 @@ void TestClient::State::listenToKeyboard() {
         .modifiers = [](void*, wl_keyboard*, std::uint32_t, std::uint32_t, std::uint32_t, std::uint32_t,
                         std::uint32_t) {},
         .repeat_info = nullptr};
-    keyboard = wl_seat_get_keyboard(seat);
+    keyboard = connection.keep(wl_seat_get_keyboard(seat));
     wl_keyboard_add_listener(keyboard, &listener, this);
 }
 
 TestClient::TestClient(const std::filesystem::path& runtimeDirectory, const std::string& display)
-    : state_(std::make_unique<State>()) {
-    const std::string socket = runtimeDirectory / display;
-    state_->display = wl_display_connect(socket.c_str());
-    if (!state_->display)
-        throw std::runtime_error("no connection to the compositor");
-    static constexpr wl_registry_listener listener{
-        [](void* data, wl_registry* registry, std::uint32_t name, const char* interface, std::uint32_t) {
-            State::self(data).announced(registry, name, interface);
-        },
-        [](void*, wl_registry*, std::uint32_t) {}};
-    wl_registry_add_listener(wl_display_get_registry(state_->display), &listener, state_.get());
-    wl_display_roundtrip(state_->display);
-    if (!state_->pointers || !state_->seat || !state_->shell)
+    : state_(std::make_unique<State>(runtimeDirectory / display)) {
+    State& state = *state_;
+    if (!state.pointers || !state.seat || !state.shell)
         throw std::runtime_error("the compositor lacks what the test needs");
-    state_->listenToSeat();
-    state_->hand = zwlr_virtual_pointer_manager_v1_create_virtual_pointer(state_->pointers, state_->seat);
-    wl_display_roundtrip(state_->display); // brings the capabilities
-    wl_display_roundtrip(state_->display);
+    state.listenToSeat();
+    state.hand = state.connection.keep(
+        zwlr_virtual_pointer_manager_v1_create_virtual_pointer(state.pointers, state.seat));
+    state.connection.roundTrip(); // brings the capabilities
+    state.connection.roundTrip();
 }
 
 TestClient::~TestClient() {
     state_->virtualKeyboard.reset();
-    wl_display_disconnect(state_->display);
+    state_->closeWindow();
 }
 
 void TestClient::State::showBuffer() {
@@ -200,14 +181,15 @@ void TestClient::State::showBuffer() {
     std::memset(memory, 0xE0, static_cast<std::size_t>(bytes));
     munmap(memory, static_cast<std::size_t>(bytes));
     wl_shm_pool* pool = wl_shm_create_pool(shm, file, bytes);
-    wl_buffer* buffer = wl_shm_pool_create_buffer(pool, 0, width, height, width * 4, WL_SHM_FORMAT_XRGB8888);
+    wl_buffer* buffer =
+        connection.keep(wl_shm_pool_create_buffer(pool, 0, width, height, width * 4, WL_SHM_FORMAT_XRGB8888));
     wl_shm_pool_destroy(pool);
     close(file);
     wl_surface_attach(surface, buffer, 0, 0);
     wl_surface_damage(surface, 0, 0, width, height);
     static constexpr wl_callback_listener frameListener{
         [](void* data, wl_callback*, std::uint32_t) { self(data).shown = true; }};
-    wl_callback_add_listener(wl_surface_frame(surface), &frameListener, this);
+    wl_callback_add_listener(connection.keep(wl_surface_frame(surface)), &frameListener, this);
     wl_surface_commit(surface);
 }
 
@@ -241,10 +223,16 @@ void TestClient::openWindow(const std::string& application) {
         throw std::runtime_error("the window was not shown");
 }
 
+void TestClient::State::closeWindow() {
+    if (!window)
+        return;
+    xdg_toplevel_destroy(std::exchange(window, nullptr));
+    xdg_surface_destroy(shellSurface);
+    wl_surface_destroy(surface);
+}
+
 void TestClient::closeWindow() {
-    xdg_toplevel_destroy(state_->window);
-    xdg_surface_destroy(state_->shellSurface);
-    wl_surface_destroy(state_->surface);
+    state_->closeWindow();
     serve();
 }
 
@@ -313,7 +301,7 @@ void TestClient::releaseKey(unsigned key) {
 }
 
 void TestClient::serve() {
-    wl_display_roundtrip(state_->display);
+    state_->connection.roundTrip();
 }
 
 } // namespace tests

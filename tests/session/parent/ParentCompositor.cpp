@@ -21,8 +21,8 @@ ParentCompositor::ParentCompositor(const std::filesystem::path& socket, int widt
     shell_.emplace(display_.get(), width, height);
     seat_.emplace(display_.get(), *shell_);
     listenOn(socket);
-    wl_event_loop_add_fd(wl_display_get_event_loop(display_.get()), wakeUp_, WL_EVENT_READABLE, workDue,
-                         this);
+    workSource_ = wl_event_loop_add_fd(wl_display_get_event_loop(display_.get()), wakeUp_, WL_EVENT_READABLE,
+                                       workDue, this);
     thread_ = std::thread([this] { wl_display_run(display_.get()); });
 }
 
@@ -31,6 +31,7 @@ ParentCompositor::~ParentCompositor() {
     thread_.join();
     // What goes with a client tells the seat and the shell so.
     wl_display_destroy_clients(display_.get());
+    wl_event_source_remove(workSource_);
     close(wakeUp_);
 }
 

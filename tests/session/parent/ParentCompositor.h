@@ -39,6 +39,7 @@ private:
     std::optional<ParentShell> shell_;
     std::optional<ParentSeat> seat_;
     int wakeUp_;
+    wl_event_source* workSource_ = nullptr;
     std::mutex lock_;
     std::vector<std::function<void()>> work_;
     std::thread thread_;

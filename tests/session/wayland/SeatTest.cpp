@@ -1,6 +1,7 @@
 // What a seat makes of its devices: those that end what they do in other ways than a hand would.
 #include "hosts/session/wayland/Seat.h"
 #include "hosts/session/wayland/Protocols.h"
+#include "tests/session/ClientConnection.h"
 #include "tests/session/parent/ParentCompositor.h"
 #include "tests/support/TemporaryDirectory.h"
 
@@ -41,50 +42,27 @@ private:
 class SeatTest : public testing::Test {
 protected:
     SeatTest() {
-        static constexpr wl_registry_listener listener{
-            [](void* data, wl_registry* registry, std::uint32_t name, const char* interface, std::uint32_t) {
-                static_cast<SeatTest*>(data)->announced(registry, name, interface);
-            },
-            [](void*, wl_registry*, std::uint32_t) {}};
-        wl_registry_add_listener(wl_display_get_registry(display_), &listener, this);
-        wl_display_roundtrip(display_);
-        wl_surface* surface = wl_compositor_create_surface(compositor_);
-        xdg_surface_get_toplevel(xdg_wm_base_get_xdg_surface(shell_, surface));
-        seat_.emplace(std::move(offered_), recorder_);
+        auto* compositor = connection_.keep(connection_.bind<wl_compositor>(wl_compositor_interface, 4));
+        auto* shell = connection_.keep(connection_.bind<xdg_wm_base>(xdg_wm_base_interface, 1));
+        wl_surface* surface = connection_.keep(wl_compositor_create_surface(compositor));
+        xdg_surface* shown = connection_.keep(xdg_wm_base_get_xdg_surface(shell, surface));
+        connection_.keep(xdg_surface_get_toplevel(shown));
+        seat_.emplace(Proxy<wl_seat>(connection_.bind<wl_seat>(wl_seat_interface, 5)), recorder_);
         perform([](tests::ParentSeat& seat) { seat.plugIn(); });
-    }
-    ~SeatTest() override {
-        seat_.reset();
-        wl_display_disconnect(display_);
     }
     /// Until this client has heard of it, and the compositor of its answer.
     void perform(const std::function<void(tests::ParentSeat&)>& work) {
-        wl_display_roundtrip(display_);
+        connection_.roundTrip();
         parent_.perform(work);
-        wl_display_roundtrip(display_);
-        wl_display_roundtrip(display_);
+        connection_.roundTrip();
+        connection_.roundTrip();
     }
     const std::vector<std::string>& heard() const { return recorder_.heard; }
 
 private:
-    void announced(wl_registry* registry, std::uint32_t name, const std::string& interface) {
-        const auto bind = [&](const wl_interface& wanted, std::uint32_t version) {
-            return interface == wanted.name ? wl_registry_bind(registry, name, &wanted, version) : nullptr;
-        };
-        if (void* made = bind(wl_compositor_interface, 4))
-            compositor_ = static_cast<wl_compositor*>(made);
-        if (void* made = bind(xdg_wm_base_interface, 1))
-            shell_ = static_cast<xdg_wm_base*>(made);
-        if (void* made = bind(wl_seat_interface, 5))
-            offered_.reset(static_cast<wl_seat*>(made));
-    }
-
     tests::TemporaryDirectory directory_;
     tests::ParentCompositor parent_{directory_.path() / "parent", 100, 100};
-    wl_display* display_ = wl_display_connect((directory_.path() / "parent").c_str());
-    wl_compositor* compositor_ = nullptr;
-    xdg_wm_base* shell_ = nullptr;
-    Proxy<wl_seat> offered_;
+    tests::ClientConnection connection_{directory_.path() / "parent"};
     Recorder recorder_;
     std::optional<Seat> seat_;
 };
