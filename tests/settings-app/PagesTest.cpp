@@ -99,6 +99,21 @@ TEST_F(PagesTest, GoesBackByButtonKeyAndEscapeToTheRowThatLedOn) {
     EXPECT_TRUE(find("list item", "Guide"));
 }
 
+TEST_F(PagesTest, GoesBackFromAPageThatIsStillComing) {
+    start();
+    const auto isBack = [&] {
+        return has("list item", "Guide") && find("list item", "Guide").has(ATSPI_STATE_FOCUSED);
+    };
+    focus(find("list item", "Guide"));
+    for (int round = 0; round < 3; ++round) {
+        desktop().key("Return");
+        desktop().key("Escape");
+        // Longer than a page takes to come and go.
+        EXPECT_FALSE(waitUntil([] { return false; }, 1));
+        EXPECT_TRUE(isBack()) << round;
+    }
+}
+
 TEST_F(PagesTest, NamesAndReachesEveryControl) {
     start();
     openPage({"Configuration"});

@@ -66,11 +66,13 @@ void NavigationView::push() {
 }
 
 void NavigationView::pop() {
-    left_.push_back(pages_.back()->widget());
+    GtkWidget* left = pages_.back()->widget();
     pages_.pop_back();
     pages_.back()->refresh();
-    setPassedOver(left_.back(), true);
+    setPassedOver(left, true);
     showTop();
+    // Not before: the end of an earlier transition, which comes within, would take it away while it is shown.
+    left_.push_back(left);
     removeLeftPages();
 }
 
