@@ -49,7 +49,11 @@ function(vela_test name)
     target_compile_definitions(${name} PRIVATE VELA_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                VELA_BINARY_DIR="${CMAKE_BINARY_DIR}" ${ARG_DEFINITIONS})
     list(JOIN ARG_ALONE ":" alone)
-    set(properties DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+    set(timeout 120)
+    if(VELA_SANITIZE)
+        set(timeout 900) # everything takes several times as long
+    endif()
+    set(properties DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${timeout})
     if(NOT alone)
         gtest_discover_tests(${name} ${properties})
     else()
