@@ -168,12 +168,16 @@ double Compositor::Frame::paintedPixels() const {
 Compositor::Frame Compositor::compose(const std::vector<std::shared_ptr<Layer>>& roots, Size size,
                                       double scale) {
     scale = usableScale(scale);
-    const PixelRect screen{0, 0, pixelSide(size.width, scale), pixelSide(size.height, scale)};
-    DisplayListBuilder(screen, scale).build(roots, state_->next);
+    DisplayListBuilder(pixelsOf(size, scale), scale).build(roots, state_->next);
     std::vector<std::uint64_t> rootIds;
     for (const auto& root : roots)
         rootIds.push_back(root ? root->id() : 0);
     return composeList(state_->next, &rootIds, size, scale);
+}
+
+PixelRect Compositor::pixelsOf(Size size, double scale) {
+    scale = usableScale(scale);
+    return {0, 0, pixelSide(size.width, scale), pixelSide(size.height, scale)};
 }
 
 Compositor::Frame Compositor::composeItems(std::vector<DisplayItem>& items, Size size, double scale) {
@@ -184,17 +188,17 @@ Compositor::Frame Compositor::composeList(std::vector<DisplayItem>& items,
                                           const std::vector<std::uint64_t>* rootIds, Size size,
                                           double scale) {
     State& state = *state_;
-    const int width = pixelSide(size.width, scale), height = pixelSide(size.height, scale);
-    const bool fresh = width != state.width || height != state.height || scale != state.scale;
+    const PixelRect whole = pixelsOf(size, scale);
+    const bool fresh = whole != state.view().rect() || scale != state.scale;
     if (fresh)
-        state.resize(width, height, scale);
+        state.resize(whole.width, whole.height, scale);
     std::swap(state.items, state.previous);
     std::swap(state.items, items);
     DisplayListChanges changes = compareDisplayLists(state.previous, state.items);
     state.damageBackdrops(changes);
     DamageRegion damage = state.damageOf(changes);
     if (fresh)
-        damage.add(state.view().rect());
+        damage.add(whole);
     Frame frame;
     if (damage.isEmpty())
         return frame;

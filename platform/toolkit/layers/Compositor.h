@@ -6,6 +6,7 @@
 #pragma once
 
 #include "platform/toolkit/layers/Layer.h"
+#include "platform/toolkit/rendering/PixelView.h"
 
 #include <functional>
 #include <memory>
@@ -33,8 +34,10 @@ public:
     /// of the root layers are in the screen's coordinates.
     Frame compose(const std::vector<std::shared_ptr<Layer>>& roots, Size size, double scale);
 
-    /// As compose(), for a list that the caller has built for a picture of that size, and whose contents it
-    /// gives away.
+    /// The pixels of a picture of `size` points: the nearest whole number of them, within bounds.
+    static PixelRect pixelsOf(Size size, double scale);
+    /// As compose(), for a list that the caller has built for a picture of those pixels, and whose contents
+    /// it gives away.
     Frame composeItems(std::vector<DisplayItem>& items, Size size, double scale);
 
     /// The picture as composed last. Its pixels stay valid until the next compose(); blue, green, red, alpha.

@@ -64,8 +64,9 @@ bool DamageRegion::intersects(const PixelRect& rect) const {
 }
 
 bool DamageRegion::cuts(const PixelRect& rect) const {
+    const PixelRect seen = rect.intersection(screen_);
     for (const PixelRect& damaged : rects_)
-        if (damaged.intersects(rect) && !damaged.contains(rect))
+        if (damaged.intersects(seen) && !damaged.contains(seen))
             return true;
     return false;
 }

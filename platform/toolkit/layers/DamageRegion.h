@@ -15,7 +15,7 @@ public:
     void add(PixelRect rect);
     bool isEmpty() const { return rects_.empty(); }
     bool intersects(const PixelRect& rect) const;
-    /// Whether one of the rectangles holds a part of `rect`, but not all of it.
+    /// Whether one of the rectangles holds a part of what `rect` has of the screen, but not all of that.
     bool cuts(const PixelRect& rect) const;
     const std::vector<PixelRect>& rects() const { return rects_; }
 

@@ -82,7 +82,8 @@ void TreePicture::update(const std::shared_ptr<Layer>& root, double scale) {
         return;
 
     const Point origin{look.frame.x + look.content.x, look.frame.y + look.content.y};
-    DisplayListBuilder(contentPixels(look.content.size(), scale), scale).buildAlone(*root, origin, items_);
+    DisplayListBuilder(Compositor::pixelsOf(look.content.size(), scale), scale)
+        .buildAlone(*root, origin, items_);
     items_.erase(items_.begin(), items_.begin() + static_cast<std::ptrdiff_t>(taken));
     moveGroupEnds(items_, taken);
     painted_ = compositor_.composeItems(items_, look.content.size(), scale);

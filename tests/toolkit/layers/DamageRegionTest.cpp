@@ -21,6 +21,14 @@ TEST(DamageRegion, CutsToTheScreen) {
     EXPECT_THAT(region.rects(), ElementsAre(PixelRect{0, 990, 40, 10}));
 }
 
+TEST(DamageRegion, CutsNothingThatItHoldsAllOfThatIsOnTheScreen) {
+    DamageRegion region(screen);
+    region.add({900, 0, 100, 50});
+    EXPECT_FALSE(region.cuts({950, 0, 51, 50}));
+    EXPECT_TRUE(region.cuts({950, 0, 51, 51}));
+    EXPECT_FALSE(region.cuts({1000, 0, 10, 10}));
+}
+
 TEST(DamageRegion, KeepsWhatLiesFarApart) {
     DamageRegion region(screen);
     region.add({0, 0, 10, 10});

@@ -1,12 +1,14 @@
 #include "platform/toolkit/layers/TreePicture.h"
 
 #include "platform/foundation/VirtualRunLoop.h"
+#include "platform/toolkit/layers/ShapeLayer.h"
 
 #include <gmock/gmock.h>
 
 using namespace toolkit;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
@@ -155,6 +157,28 @@ TEST_F(TreePictureTest, ContentLiesOnWholePointsAtAnyScale) {
     picture.update(root, 1.5);
     EXPECT_EQ(picture.look().content, Rect(10, 20, 31, 6));
     EXPECT_EQ(picture.picture().pixelWidth(), 47);
+}
+
+/// What a shape may touch ends between pixels, now just before the picture's last one and now just after it.
+TEST_F(TreePictureTest, AShapeEndsWithThePictureWhereverItLies) {
+    auto shape = std::make_shared<ShapeLayer>();
+    root->addSublayer(shape);
+    const auto square = addSquare({10, 10, 6, 6}, Color::white(1));
+    for (double side = 4; side < 9; side += 0.25) {
+        shape->setPath(Path::ellipse({0, 0, side, side}));
+        for (double x = 19; x < 23; x += 0.25) {
+            place(*shape, {x, x, side, side});
+            TreePicture fresh;
+            square->setBackgroundColor(Color::white(1));
+            fresh.update(root, 1.25);
+            square->setBackgroundColor(Color::rgba(1, 0, 0));
+            fresh.update(root, 1.25);
+            const auto& damage = fresh.painted().damage;
+            ASSERT_THAT(damage, SizeIs(1));
+            EXPECT_LE(damage[0].maxX(), fresh.picture().pixelWidth());
+            EXPECT_LE(damage[0].maxY(), fresh.picture().pixelHeight());
+        }
+    }
 }
 
 } // namespace
