@@ -32,7 +32,7 @@ function(vela_link target)
 endfunction()
 
 # vela_test(NAME [FOLDER dir] LINK folders… [ALONE filters…]): the tests of a folder as one program. Beside those that
-# pass one of the filters no other test runs: they measure time.
+# pass one of the filters no other test runs: they measure time and memory.
 function(vela_test name)
     cmake_parse_arguments(ARG "" "FOLDER" "LINK;LIBRARIES;DEFINITIONS;ALONE" ${ARGN})
     if(NOT ARG_FOLDER)
@@ -58,6 +58,8 @@ function(vela_test name)
         gtest_discover_tests(${name} ${properties})
     else()
         gtest_discover_tests(${name} TEST_FILTER "-${alone}" ${properties})
-        gtest_discover_tests(${name} TEST_FILTER "${alone}" TEST_LIST ${name}_ALONE ${properties} RUN_SERIAL ON)
+        if(NOT VELA_SANITIZE) # which would be what they measure
+            gtest_discover_tests(${name} TEST_FILTER "${alone}" TEST_LIST ${name}_ALONE ${properties} RUN_SERIAL ON)
+        endif()
     endif()
 endfunction()
