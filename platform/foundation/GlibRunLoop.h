@@ -18,9 +18,9 @@ public:
     void performInBackground(std::function<void()> work) override;
     Handle addDisplayLink(std::function<void(double)> tick) override;
 
-    /// Has frames come `count` at a time, at the time of the last of them: for a host of which nothing is seen,
-    /// and which needs no frame sooner. Each keeps its own time. With 1 those that are outstanding come with
-    /// the next one.
+    /// Has frames come `count` at a time, at the time of the last of them: for a host of which nothing is
+    /// seen, and which needs no frame sooner. Each keeps its own time. With 1 those that are outstanding come
+    /// with the next one.
     void gatherFrames(int count);
 
     /// Runs until stop() is called.

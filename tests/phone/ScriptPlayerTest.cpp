@@ -58,11 +58,10 @@ TEST_F(ScriptPlayerTest, PlaysCommandsThatTakeNoTimeAtOneMomentInOrder) {
 TEST_F(ScriptPlayerTest, PlaysMusic) {
     play("play Rain\nplay next\nplay previous\nplay pause\nplay resume\nseek 5\nradio \"A|B\"\n"
          "nowplaying title=A\nnowplaying none\nelapsed 3\nvolume-slider begin\nvolume-slider end\n");
-    EXPECT_THAT(target.calls,
-                ElementsAre("0.0000 song Rain", "0.0000 player 0", "0.0000 player 1", "0.0000 player 2",
-                            "0.0000 player 3", "0.0000 seek 5.000000", "0.0000 radio A/B", "0.0000 plays 1",
-                            "0.0000 nothing plays", "0.0000 elapsed 3.000000", "0.0000 hold",
-                            "0.0000 let go"));
+    EXPECT_THAT(target.calls, ElementsAre("0.0000 song Rain", "0.0000 player 0", "0.0000 player 1",
+                                          "0.0000 player 2", "0.0000 player 3", "0.0000 seek 5.000000",
+                                          "0.0000 radio A/B", "0.0000 plays 1", "0.0000 nothing plays",
+                                          "0.0000 elapsed 3.000000", "0.0000 hold", "0.0000 let go"));
     EXPECT_EQ(error, "");
 }
 

@@ -187,8 +187,8 @@ void AnimationEngine::record(Layer& layer, LayerProperty property, const Animata
     Layer::noteChange();
 }
 
-/// Ends the view animations of one property; keyed ones lie over the model value and stay. `newTarget` is where
-/// a newer animation brings it, null when there is none.
+/// Ends the view animations of one property; keyed ones lie over the model value and stay. `newTarget` is
+/// where a newer animation brings it, null when there is none.
 void AnimationEngine::interrupt(Layer& layer, LayerProperty property, const AnimatableValue* newTarget) {
     if (!layer.hasAnimations())
         return;

@@ -12,8 +12,8 @@ public:
 
     /// `items` is emptied first; its memory is used again.
     void build(const std::vector<std::shared_ptr<Layer>>& roots, std::vector<DisplayItem>& items);
-    /// One tree by itself, as if it were opaque as a whole; `origin`, in the root's parent's coordinates, comes
-    /// to lie at (0, 0).
+    /// One tree by itself, as if it were opaque as a whole; `origin`, in the root's parent's coordinates,
+    /// comes to lie at (0, 0).
     void buildAlone(const Layer& root, Point origin, std::vector<DisplayItem>& items);
 
 private:

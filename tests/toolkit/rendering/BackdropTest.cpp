@@ -109,7 +109,8 @@ TEST(Backdrop, HonoursItsCornersInEitherWay) {
     EXPECT_NE(direct.at(44, 100).red, 255);
     for (int y = 0; y < side; ++y)
         for (int x = 0; x < side; ++x)
-            ASSERT_NEAR(direct.at(x, y).red, clipped.at(x, y).red, 25) << x << ", " << y; // a tenth of coverage
+            ASSERT_NEAR(direct.at(x, y).red, clipped.at(x, y).red, 25)
+                << x << ", " << y; // a tenth of coverage
 }
 
 TEST(Backdrop, CanBeLaidDownAgainInParts) {

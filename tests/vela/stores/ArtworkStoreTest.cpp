@@ -158,7 +158,8 @@ TEST_F(ArtworkStore, NamesThatCannotBeAFileFailSilently) {
     const auto before = disk();
     for (const std::string& title :
          {std::string("/"), std::string("../x"), std::string("../../../../../tmp/x"), std::string("a/b"),
-          std::string("/etc/x"), std::string("a\0b", 3), std::string(10'000, 'x'), std::string("a/../../x")}) {
+          std::string("/etc/x"), std::string("a\0b", 3), std::string(10'000, 'x'),
+          std::string("a/../../x")}) {
         store.addArtWork(picture(4), title, "Band");
         EXPECT_FALSE(store.getImageForSongName(title, "Band")) << title;
     }
