@@ -68,7 +68,7 @@ TEST_F(SessionOutputs, AnOpenPanelGoesWhenTheModeChanges) {
 
 /// The glass of the panel that still goes is of a screen that was smaller.
 TEST_F(SessionOutputs, APanelMayComeAsSoonAsTheScreenHasGrown) {
-    start();
+    start({}, HeadlessCompositor::Kind::Sway, HostLog::Words);
     for (const int width : {500, 700, 900, 1100}) {
         show("left");
         const std::string mode = std::to_string(2 * width) + "x1400";
@@ -77,7 +77,7 @@ TEST_F(SessionOutputs, APanelMayComeAsSoonAsTheScreenHasGrown) {
         show("right");
         EXPECT_TRUE(eventually([&] { return pixel(20, 300) == dimmedBackground; }))
             << width << pixel(20, 300);
-        EXPECT_EQ(count(log(), "the compositor is gone"), 0);
+        EXPECT_EQ(count(log(), "the compositor is gone"), 0u);
     }
 }
 
