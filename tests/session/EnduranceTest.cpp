@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdlib>
 #include <random>
+#include <utility>
 
 #include <linux/input-event-codes.h>
 
@@ -29,13 +30,13 @@ protected:
         case 4:
             return letGo();
         case 5:
-            return void(request("Show", side()));
+            return void(request("Show", oneOf(sides)));
         case 6:
-            return void(request("Toggle", side()));
+            return void(request("Toggle", oneOf(sides)));
         case 7:
             return void(request("Dismiss"));
         case 8:
-            return strike(keys[static_cast<std::size_t>(upTo(keys.size()))]);
+            return strike(oneOf(keys));
         case 9:
             return changeOutput();
         default:
@@ -52,8 +53,11 @@ protected:
             client().closeWindow();
     }
 
+    static constexpr std::array sides{"left", "right"};
+
 private:
     static constexpr std::array<unsigned, 5> keys{KEY_ESC, KEY_A, KEY_BACKSPACE, KEY_ENTER, KEY_SPACE};
+    /// The usual ones more often, for most of the time is spent with them.
     static constexpr std::array changes{
         "scale 1",       "scale 1.25",        "scale 1.5",        "scale 2",
         "scale 3",       "mode 750x1334",     "mode 1000x1400",   "mode 333x777",
@@ -63,26 +67,34 @@ private:
     int upTo(std::size_t limit) {
         return std::uniform_int_distribution<int>(0, static_cast<int>(limit) - 1)(random_);
     }
-    std::string side() { return upTo(2) == 0 ? "left" : "right"; }
+    template <class Choices>
+    typename Choices::value_type oneOf(const Choices& choices) {
+        return choices[static_cast<std::size_t>(upTo(choices.size()))];
+    }
     /// On the screen, and more often than not at one of its edges.
     double across() {
         const int edge = upTo(3);
         return edge == 0 ? 1 : edge == 1 ? width_ - 1 : upTo(static_cast<std::size_t>(width_));
     }
-    double along() { return upTo(static_cast<std::size_t>(height_)); }
+    std::pair<double, double> anywhere() {
+        const double x = across(); // before y, whatever the compiler
+        return {x, upTo(static_cast<std::size_t>(height_))};
+    }
 
     void pressAnywhere() {
         if (std::exchange(isDown_, true))
             return;
-        press(across(), along());
+        const auto [x, y] = anywhere();
+        press(x, y);
     }
     void dragAnywhere() {
-        if (isDown_)
-            dragTo(across(), along(), 0.05 * (1 + upTo(6)));
+        if (!isDown_)
+            return;
+        const auto [x, y] = anywhere();
+        dragTo(x, y, 0.05 * (1 + upTo(6)));
     }
     void changeOutput() {
-        compositor().command(std::string("output HEADLESS-1 ") +
-                             changes[static_cast<std::size_t>(upTo(changes.size()))]);
+        compositor().command(std::string("output HEADLESS-1 ") + oneOf(changes));
         const auto now = state();
         if (now.is_null())
             return;
@@ -117,7 +129,7 @@ TEST_F(SessionEndurance, SurvivesAnythingInAnyOrder) {
     EXPECT_TRUE(eventually([&] { return state()["screen"]["width"] == screenWidth; }));
     EXPECT_EQ(count(log(), "the compositor is gone"), 0u) << log();
     // What was interrupted keeps a panel's flag as it was, until it has once come and gone undisturbed.
-    for (const std::string side : {"left", "right"}) {
+    for (const std::string side : sides) {
         const auto isShown = [&] { return window(side + "WindowGrabber")["properties"]["showed"] == true; };
         EXPECT_TRUE(eventually([&] { return shown() == side && isShown(); }, [&] { request("Show", side); }));
         ASSERT_TRUE(request("Dismiss"));
